@@ -1,0 +1,51 @@
+#include "frame/Meldungen.h"
+
+#include "frame/Oberflaeche.h"
+#include "frame/Texte.h"
+
+namespace sw {
+
+namespace {
+void info(const std::string& titel, const std::string& text) {
+    UI().Meldung(titel, text, MeldungsSymbol::Information, MeldungsKnoepfe::OK);
+}
+std::string nummer(const Laufzeitfehler& f) { return std::to_string(f.Nummer()); }
+}  // namespace
+
+void MsgInfo(int key) { info("SW - Info", Text(key)); }
+void MsgInfoText(const std::string& text) { info("SW - Info", text); }
+void MsgInfoP1(int key, const std::string& p1) { info("SW - Info", TextP1(key, p1)); }
+void MsgInfoP1P2(int key, const std::string& p1, const std::string& p2) {
+    info("SW - Info", TextP1P2(key, p1, p2));
+}
+
+int MsgFrage(int key) {
+    return UI().Meldung("SW - ???", Text(key), MeldungsSymbol::Frage, MeldungsKnoepfe::JaNein);
+}
+
+std::string FehlerText(int key, const Laufzeitfehler& fehler) {
+    return Text(key) + "\n" + "Nr.: " + nummer(fehler) + " " + fehler.Beschreibung();
+}
+
+void MsgFehler(int key, const Laufzeitfehler& fehler) {
+    UI().Meldung("SW - Error", FehlerText(key, fehler), MeldungsSymbol::Stopp, MeldungsKnoepfe::OK);
+}
+
+void MsgSpeicher(const Laufzeitfehler& fehler) {
+    info("SW - Memory", TextP1P2(204, nummer(fehler), fehler.Beschreibung()));
+}
+
+void MsgLimit(const Laufzeitfehler& fehler) {
+    info("SW - Limit", TextP1P2(205, nummer(fehler), fehler.Beschreibung()));
+}
+
+void MsgNichtImplementiert() { info("SW - Not implemented", Text(203)); }
+void MsgLaufwerk() { info("SW - Drive", Text(206)); }
+void MsgBereich() { info("SW - Info", Text(207)); }
+void MsgLimit512() { info("SW - Info", Text(512)); }
+
+int MsgEndeFrage() {
+    return UI().Meldung("SW-Stop?", Text(491), MeldungsSymbol::Frage, MeldungsKnoepfe::JaNeinAbbrechen);
+}
+
+}  // namespace sw

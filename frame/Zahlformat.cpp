@@ -1,0 +1,167 @@
+#include "frame/Zahlformat.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "frame/Meldungen.h"
+#include "frame/Texte.h"
+#include "frame/basZentral.h"
+#include "sieve/RasterTabellen.h"
+
+namespace sw {
+
+namespace {
+
+std::string trimmen(const std::string& s) {
+    size_t a = s.find_first_not_of(" \t\r\n");
+    if (a == std::string::npos) return "";
+    size_t b = s.find_last_not_of(" \t\r\n");
+    return s.substr(a, b - a + 1);
+}
+
+std::string entfernen(std::string s, const std::string& was) {
+    if (was.empty()) return s;
+    size_t pos;
+    while ((pos = s.find(was)) != std::string::npos) s.erase(pos, was.size());
+    return s;
+}
+
+std::string gruppieren(const std::string& ziffern) {
+    if (FormatAnzahl <= 0) return ziffern;
+    // The sign stands apart so that "-123456" groups as "-123.456".
+    size_t vorne = (!ziffern.empty() && (ziffern[0] == '-' || ziffern[0] == '+')) ? 1 : 0;
+    std::string kopf = ziffern.substr(0, vorne);
+    std::string s = ziffern.substr(vorne);
+    for (long long i = static_cast<long long>(s.size()) - FormatAnzahl; i >= 1; i -= FormatAnzahl) {
+        s.insert(static_cast<size_t>(i), FormatZeichen);
+    }
+    return kopf + s;
+}
+
+std::string formatieren(const std::string& v, bool nullenKappen) {
+    std::string s = trimmen(entfernen(v, "."));
+    s = entfernen(s, FormatZeichen);
+    size_t komma = s.find(DezimalTrenner);
+    if (komma != std::string::npos) {
+        // The fraction limit of this routine is 0: a fraction always vanishes, without a comma.
+        return formatieren(s.substr(0, komma), nullenKappen);
+    }
+    if (nullenKappen) {
+        size_t vorne = (!s.empty() && (s[0] == '-' || s[0] == '+')) ? 1 : 0;
+        size_t k = vorne;
+        while (k + 1 < s.size() && s[k] == '0') ++k;
+        s.erase(vorne, k - vorne);
+    }
+    return gruppieren(s);
+}
+
+}  // namespace
+
+std::string ZahlFormat(const std::string& v) { return formatieren(v, true); }
+std::string ZahlFormat(const Decimal& v) { return formatieren(v.Text(), true); }
+std::string ZahlFormat(long long v) { return formatieren(std::to_string(v), true); }
+
+std::string ZahlFormat(double v) {
+    // A double reads as the platform wrote it in a German locale: a decimal comma.
+    char puffer[64];
+    std::snprintf(puffer, sizeof puffer, "%.15g", v);
+    std::string s = puffer;
+    for (char& c : s) if (c == '.') c = ',';
+    if (s.find_first_of("eE") != std::string::npos) {
+        std::snprintf(puffer, sizeof puffer, "%.0f", std::trunc(v));
+        s = puffer;
+    }
+    return formatieren(s, true);
+}
+
+std::string ZahlFormatRoh(const std::string& v) { return formatieren(v, false); }
+
+std::string ZahlFormatLong(int32_t n) { return gruppieren(std::to_string(n)); }
+
+std::string ZahlBereinigt(const std::string& text) {
+    return trimmen(entfernen(entfernen(text, "."), FormatZeichen));
+}
+
+bool IstNumerisch(const std::string& text, double* wert) {
+    std::string t = trimmen(text);
+    size_t i = 0, n = t.size();
+    auto ziffern = [&]() {
+        size_t a = i;
+        while (i < n && t[i] >= '0' && t[i] <= '9') ++i;
+        return i - a;
+    };
+    if (i < n && (t[i] == '+' || t[i] == '-')) ++i;
+    size_t stellen = ziffern();
+    if (i < n && (t[i] == ',' || t[i] == '.')) {
+        ++i;
+        stellen += ziffern();
+    }
+    if (stellen == 0) return false;
+    if (i < n && (t[i] == 'e' || t[i] == 'E')) {
+        ++i;
+        if (i < n && (t[i] == '+' || t[i] == '-')) ++i;
+        if (ziffern() == 0) return false;
+    }
+    if (i != n) return false;
+    if (wert) {
+        for (char& c : t) if (c == ',') c = '.';
+        *wert = std::strtod(t.c_str(), nullptr);
+    }
+    return true;
+}
+
+int32_t TextZuLong(const std::string& text) {
+    double v;
+    if (!IstNumerisch(ZahlBereinigt(text), &v)) throw Laufzeitfehler(FehlerTypenUnvertraeglich);
+    if (v >= double(GrenzeLong) + 1) {
+        MsgInfo(200);
+        return GrenzeLong;
+    }
+    // The platform rounds half to even when it makes a Long of a Double.
+    double r = std::nearbyint(v);
+    if (r < -2147483648.0) throw Laufzeitfehler(FehlerUeberlauf);
+    return static_cast<int32_t>(r);
+}
+
+Decimal TextZuDecimal(const std::string& text) {
+    std::string t = ZahlBereinigt(text);
+    if (t.empty()) return Decimal();
+    return Decimal::ausText(t);
+}
+
+std::string ZahlInBasis(const Decimal& v) {
+    if (v.IstNull()) return "0";
+    int32_t basis = ZahlenSystem < 2 ? 10 : ZahlenSystem;
+    Decimal::BetragTyp b = v.Betrag();
+    std::string text;
+    while (b != 0) {
+        int ziffer = static_cast<int>(b % static_cast<unsigned>(basis));
+        b /= static_cast<unsigned>(basis);
+        if (basis <= 10) {
+            text.insert(0, 1, char('0' + ziffer));
+        } else if (basis == 16) {
+            text.insert(0, 1, ziffer < 10 ? char('0' + ziffer) : char('A' + ziffer - 10));
+        } else {
+            text.insert(0, std::to_string(ziffer) + " ");
+        }
+    }
+    if (v.IstNegativ()) text.insert(0, "-");
+    return text;
+}
+
+std::string BasisBeschriftung() {
+    switch (ZahlenSystem) {
+        case 2: return Text(175);
+        case 8: return Text(176);
+        case 10: return Text(174);
+        case 16: return Text(177);
+        default: return TextP1(178, static_cast<long long>(ZahlenSystem));
+    }
+}
+
+std::string Stellen2hoch(int32_t n) {
+    return ZahlFormat(static_cast<long long>(std::floor(n * 0.301029995663981)) + 1);
+}
+
+}  // namespace sw
