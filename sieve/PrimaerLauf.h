@@ -1,0 +1,40 @@
+// PrimaerLauf: one run of the primary range as logic, shared by the cockpit and sw-cli:
+// the limit and its derived values, the refusal of methods that cannot take the limit, the
+// pre-sieve, the method itself and the finishing steps. The cockpit wraps it with its
+// controls (buttons, status line, stop watch); sw-cli with its output.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "frame/Decimal.h"
+
+namespace sw {
+
+enum SiebMethode : int32_t {
+    MethodeProdukt = 0,          // SiebProdukt
+    MethodeQuadratSchritt = 1,   // SiebQuadratSchritt
+    MethodeWortSchritt = 2,      // SiebWortSchritt
+    MethodeBereichBeschaffen = 3,// BereichBeschaffen (block file, else SiebProdukt)
+    MethodeQuadratDifferenz = 4, // SiebQuadratDifferenz
+    MethodeRestklassen = 5,      // SiebRestklassen
+    MethodeSechserSchritt = 6,   // SiebSechserSchritt
+};
+inline constexpr int32_t MethodenAnzahl = 7;
+
+// The function name of a method ("SiebProdukt", ...).
+const char* MethodenName(int32_t methode);
+// Step 1 of a run: a limit below 1000 shows text 469 and gives false; else sets
+// PrimaerGrenze, RasterLetzterIndex, PrimaerWurzel, PrimaerWurzelWort.
+bool GrenzeSetzen(const Decimal& grenze);
+// Step 2: a limit above GrenzeLong with a method other than 0 and 3 shows text 520; false.
+bool MethodeZulaessig(int32_t methode);
+// Runs the method on the pre-sieved raster (RasterVorsieben must have succeeded).
+void MethodeAusfuehren(int32_t methode);
+// Step 6 and 7's logic: RasterEcht, PrimaerQuadrat, word 0 = 0x80040881, RasterBereit.
+void LaufAbschliessen();
+// The whole road without a window: GrenzeSetzen, MethodeZulaessig, RasterVorsieben,
+// MethodeAusfuehren, LaufAbschliessen. False (after its box) if any step refused.
+bool PrimaerLauf(const Decimal& grenze, int32_t methode);
+
+}  // namespace sw

@@ -1,0 +1,20 @@
+// basMaxPrimaer: the raster's allocation and pre-sieve, the main sieve SiebProdukt with its
+// square pass, and PrimModifikation, which strikes only the primes up to a bound.
+#pragma once
+
+#include <cstdint>
+
+namespace sw {
+
+// Reallocates PrimaerRaster to 0..RasterLetzterIndex, zeroed; "SW - Memory" and false on failure.
+bool RasterAnlegen();
+// RasterAnlegen, then the multiples of 7 and 11 and the bit of 1.
+bool RasterVorsieben();
+// Method 0: strikes the products of unstruck numbers, then the square pass.
+void SiebProdukt();
+// Strikes n^2 for the odd n from 13 to PrimaerWurzel.
+void QuadrateStreichen();
+// A raster struck only by the primes up to grenze (frmPrimModify).
+void PrimModifikation(int32_t grenze);
+
+}  // namespace sw
