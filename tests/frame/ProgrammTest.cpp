@@ -61,7 +61,9 @@ TEST_F(ProgrammTest, StartTakesTheWorkingFolderTablesColoursAndRandomSettings) {
 }
 
 TEST_F(ProgrammTest, WithoutSettingsTheDefaultsStand) {
-    ProgrammStarten();
+    std::string vorher = std::filesystem::current_path().string();
+    ProgrammStarten(false);
+    EXPECT_EQ(std::filesystem::current_path().string(), vorher) << "sw-cli keeps the shell's folder";
     EXPECT_DOUBLE_EQ(RandomProzentFaktor, 1.0);
     EXPECT_EQ(RandomFaktorBitKette, 0);
     EXPECT_EQ(RandomInfoText, "(2,3,5)");
