@@ -139,8 +139,20 @@ TEST_F(EinstellungenTest, GroupedWritesAreReadBackAndStoredOnce) {
     EXPECT_EQ(lesen(), "[Start]\nLeft=5\nTop=6\n");
 }
 
-TEST_F(EinstellungenTest, AnUnreadableOrUnwritableFileFailsSilently) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root reads every file";
+TEST_F(EinstellungenTest, AnUnreadableFileReadsEmptyAndIsNeverReplaced) {
+    std::filesystem::create_directory(ini());  // opens, but gives no content
+    EXPECT_EQ(IniLesen("Start", "Left"), "");
+    IniSchreiben("Start", "Left", "2");
+    {
+        IniSammelSchreiben zusammen;
+        IniSchreiben("Start", "Left", "3");
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(ini()));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Ordner()), {}), 1) << "no temporary file left";
+}
+
+TEST_F(EinstellungenTest, ALockedFileOrFolderFailsSilently) {
+    if (::geteuid() == 0) GTEST_SKIP() << "root reads and writes every file";
     schreiben("[Start]\nLeft=1\n");
     ::chmod(ini().c_str(), 0);
     EXPECT_EQ(IniLesen("Start", "Left"), "");
