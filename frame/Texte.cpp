@@ -103,7 +103,7 @@ const std::vector<std::string>& texZeilen() {
 
 bool numerisch(const std::string& s, double& wert) { return IstNumerisch(s, &wert); }
 
-// Replaces every mark of the list in one pass, ignoring case (ASCII), so that what one
+// Replaces every mark of the list in one pass, ignoring case, so that what one
 // replacement puts in (a parameter typed by the user) is never taken for another mark.
 std::string ersetzen(const std::string& text, std::initializer_list<std::pair<std::string, std::string>> marken) {
     // Folding keeps every byte in place, so positions in k are positions in text.
