@@ -33,7 +33,8 @@ constexpr int FehlerDateizugriff = 75;
 constexpr int FehlerDateiende = 62;
 
 void dateiFehler(int key, int nummer, const std::string& pfad, const std::string& grund) {
-    MsgFehler(key, Laufzeitfehler(nummer, grund + ": " + pfad));
+    const char* was = key == TextDateiNichtSchreibbar ? "Datei nicht schreibbar" : "Blockdatei nicht nutzbar";
+    MsgFehler(key, Laufzeitfehler(nummer, std::string(was) + " (" + grund + "): " + pfad));
 }
 
 std::string dateiName(const std::string& pfad) {
@@ -79,9 +80,8 @@ bool allesLesen(int fd, void* ziel, size_t bytes, const std::string& pfad) {
 // Allocates the raster to index 0..letzter, zeroed, and reads the file's words into its
 // start. On failure the raster is left as one zero word, which no reader goes beyond.
 bool rasterAusDatei(int fd, size_t worteDatei, size_t letzter, const std::string& pfad) {
-    std::vector<uint32_t>().swap(PrimaerRaster);
     try {
-        PrimaerRaster.assign(letzter + 1, 0);
+        RasterNeuAnlegen(letzter + 1);
     } catch (const std::bad_alloc&) {
         PrimaerRaster.assign(1, 0);
         RasterAdresseAuffrischen();
