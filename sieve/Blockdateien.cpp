@@ -81,7 +81,15 @@ bool allesLesen(int fd, void* ziel, size_t bytes, const std::string& pfad) {
 // start. On failure the raster is left as one zero word, which no reader goes beyond.
 bool rasterAusDatei(int fd, size_t worteDatei, size_t letzter, const std::string& pfad) {
     try {
-        RasterNeuAnlegen(letzter + 1);
+        // The pre-sieved raster of the same limit is reused as it stands: it saves a second
+        // allocation and zero fill of the whole raster, which would cost more than the read.
+        const size_t worte = letzter + 1;
+        if (PrimaerRaster.capacity() >= worte && PrimaerRaster.capacity() <= 2 * worte) {
+            PrimaerRaster.resize(worte);
+            std::fill(PrimaerRaster.begin() + ptrdiff_t(std::min(worteDatei, worte)), PrimaerRaster.end(), 0u);
+        } else {
+            RasterNeuAnlegen(worte);
+        }
     } catch (const std::bad_alloc&) {
         PrimaerRaster.assign(1, 0);
         RasterAdresseAuffrischen();

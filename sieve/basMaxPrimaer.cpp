@@ -34,7 +34,9 @@ void RasterNeuAnlegen(size_t worte) {
     // The old raster goes first, so that old and new never stand in memory side by side.
     std::vector<uint32_t>().swap(PrimaerRaster);
     if (!passtInsSpeicher(worte * sizeof(uint32_t))) throw std::bad_alloc();
-    PrimaerRaster.reserve(worte);
+    // One word of room more than asked: a block loaded over this raster needs it (see
+    // BlockLaden), and so it can take the place without a new allocation.
+    PrimaerRaster.reserve(worte + 1);
     // The sieves strike all over the raster; with 4 KB pages nearly every strike of a large
     // prime would also miss the address translation cache. Huge pages are asked for before
     // the zeros touch the memory, since only then can the kernel hand them out.
