@@ -91,17 +91,13 @@ bool rasterAusDatei(int fd, size_t worteDatei, size_t letzter, const std::string
             RasterNeuAnlegen(worte);
         }
     } catch (const std::bad_alloc&) {
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        RasterLetzterIndex = 0;
+        RasterAufEinWort();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
     }
     RasterAdresseAuffrischen();
     if (!allesLesen(fd, PrimaerRaster.data(), worteDatei * sizeof(uint32_t), pfad)) {
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        RasterLetzterIndex = 0;
+        RasterAufEinWort();
         return false;
     }
     return true;

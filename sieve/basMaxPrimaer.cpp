@@ -48,14 +48,17 @@ void RasterNeuAnlegen(size_t worte) {
     PrimaerRaster.assign(worte, 0);
 }
 
+void RasterAufEinWort() {
+    PrimaerRaster.assign(1, 0);
+    RasterAdresseAuffrischen();
+    RasterLetzterIndex = 0;
+}
+
 bool RasterAnlegen() {
     try {
         RasterNeuAnlegen(size_t(RasterLetzterIndex) + 1);
     } catch (const std::bad_alloc&) {
-        // One word stays, and the index says so, so that no reader looks beyond it.
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        RasterLetzterIndex = 0;
+        RasterAufEinWort();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
     }
