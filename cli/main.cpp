@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
 
     auto fehler = [](const std::string& text) {
         std::fflush(stdout);
+        Terminal().FortschrittBeenden();
         std::cerr << "sw-cli: " << text << std::endl;
         return 1;
     };
@@ -45,6 +46,7 @@ int main(int argc, char** argv) {
         ProgrammPfad = ArbeitsOrdnerBestimmen();
         RasterTabellenAufbauen();
         auftrag();
+        Terminal().FortschrittBeenden();
     } catch (const CLI::CallForHelp& e) {
         return app.exit(e);
     } catch (const CLI::CallForAllHelp& e) {
