@@ -10,6 +10,7 @@
 #include "CliUmgebung.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
 #include "sieve/basSiebwerk.h"
 
 namespace sw::cli {

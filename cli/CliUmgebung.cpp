@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <limits>
 
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -124,10 +123,6 @@ Decimal ZahlLesen(const std::string& text, const std::string& was) {
     } catch (const Laufzeitfehler&) {
         throw CliFehler(was + " is too large: '" + text + "'");
     }
-}
-
-Decimal GroessteGrenze() {
-    return Decimal(int64_t(std::numeric_limits<int32_t>::max() - 1)) * Decimal(RasterSpanne);
 }
 
 bool RasterGewaehlt(const RasterWahl& wahl) { return !wahl.limit.empty() || !wahl.block.empty(); }

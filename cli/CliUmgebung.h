@@ -59,8 +59,6 @@ struct RasterWahl {
 void RasterBereitstellen(const RasterWahl& wahl, const Decimal& standardGrenze);
 // True if the raster was given on the command line (then its limit is the user's choice).
 bool RasterGewaehlt(const RasterWahl& wahl);
-// The largest limit a raster can have (word indices are signed 32-bit).
-Decimal GroessteGrenze();
 // Throws the "cannot answer" message for n unless n <= PrimaerGrenze.
 void ImRasterPruefen(const Decimal& n, const std::string& frage);
 
