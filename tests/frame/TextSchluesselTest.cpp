@@ -31,6 +31,8 @@ std::string dateiInhalt(const fs::path& p) {
 std::map<int, std::string> benutzteSchluessel() {
     static const std::regex aufruf(
         R"(\b(Text|TextP1|TextP1Zahl|TextP1P2|TextListe|MsgInfo|MsgInfoP1|MsgInfoP1P2|MsgFrage|MsgFehler)\s*\(\s*(\d+)\s*[,)])");
+    // Keys kept in named constants ("constexpr int TextBlockNichtLesbar = 521;") count too.
+    static const std::regex konstante(R"(\bconstexpr\s+int\s+Text\w*\s*=\s*(\d+)\s*;)");
     std::map<int, std::string> schluessel;
     for (const char* ordner : {"frame", "sieve", "views", "arith", "primality", "mersenne", "distribution",
                                "collatz", "windows", "cli"}) {
@@ -42,6 +44,9 @@ std::map<int, std::string> benutzteSchluessel() {
             std::string text = dateiInhalt(e.path());
             for (std::sregex_iterator m(text.begin(), text.end(), aufruf), ende; m != ende; ++m) {
                 schluessel.emplace(std::stoi((*m)[2].str()), fs::relative(e.path(), Quellen).string());
+            }
+            for (std::sregex_iterator m(text.begin(), text.end(), konstante), ende; m != ende; ++m) {
+                schluessel.emplace(std::stoi((*m)[1].str()), fs::relative(e.path(), Quellen).string());
             }
         }
     }
