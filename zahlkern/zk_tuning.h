@@ -18,3 +18,13 @@ static_assert(kMulWorteSchule >= 1 && kMulWorteSchule <= 64);
 static_assert(kQuadWorteSchule >= 1 && kQuadWorteSchule <= 64);
 
 }  // namespace zk
+
+namespace zk {
+
+// The Collatz kernels jump kUlamBits halving-or-(3n+1)/2 steps at once through a table of
+// 2^kUlamBits entries (and count values below 2^kUlamBits by a second table).
+// Measured over the start values 1..10^7 (aUlamAnzi): see the closing table below.
+constexpr int kUlamBits = 16;
+static_assert(kUlamBits >= 8 && kUlamBits <= 16, "T^k(b) must fit 27 bits of the packed table");
+
+}  // namespace zk
