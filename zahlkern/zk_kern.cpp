@@ -224,7 +224,10 @@ struct QuadratMasken {
         if (quadratrest(64, 65)) m65b = 1;
     }
 };
-const QuadratMasken kQuadrat;
+const QuadratMasken& quadrat_masken() {
+    static const QuadratMasken m;
+    return m;
+}
 
 u32 falte_hash(u32 x, Long k, bool mit_xor) {
     if (k <= 0) return 0;
@@ -311,11 +314,12 @@ Long aDivMod2(Long x, Long* rest) {
 
 Long aMayBeQuadrat32(Long x) {
     const u32 v = w32(x);
-    if (((kQuadrat.m64 >> (v & 63)) & 1) == 0) return 0;
-    if (((kQuadrat.m63 >> (v % 63)) & 1) == 0) return 0;
+    const QuadratMasken& q = quadrat_masken();
+    if (((q.m64 >> (v & 63)) & 1) == 0) return 0;
+    if (((q.m63 >> (v % 63)) & 1) == 0) return 0;
     const u32 r65 = v % 65;
-    if (r65 < 64 ? ((kQuadrat.m65a >> r65) & 1) == 0 : kQuadrat.m65b == 0) return 0;
-    if (((kQuadrat.m11 >> (v % 11)) & 1) == 0) return 0;
+    if (r65 < 64 ? ((q.m65a >> r65) & 1) == 0 : q.m65b == 0) return 0;
+    if (((q.m11 >> (v % 11)) & 1) == 0) return 0;
     return -1;
 }
 

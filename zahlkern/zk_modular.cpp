@@ -32,7 +32,10 @@ struct ProbeTabelle {
         }
     }
 };
-const ProbeTabelle kProben;
+const ProbeTabelle& proben() {
+    static const ProbeTabelle t;  // built on first use, whatever the order of static start-up
+    return t;
+}
 
 u64 ggt64(u64 a, u64 b) {
     while (b != 0) {
@@ -155,8 +158,9 @@ int faktorisiere32(u32 n, Faktor* aus) {
         aus[anz++] = Faktor{2, zweier};
         n >>= zweier;
     }
-    for (int i = 0; i < kProben.n && n > 1; ++i) {
-        const Probe& pr = kProben.t[size_t(i)];
+    const ProbeTabelle& tabelle = proben();
+    for (int i = 0; i < tabelle.n && n > 1; ++i) {
+        const Probe& pr = tabelle.t[size_t(i)];
         if (u64(pr.p) * pr.p > n) break;
         if (n * pr.inv <= pr.grenze) {
             int k = 0;
