@@ -71,6 +71,25 @@ void BM_aMersenneTeiler32(benchmark::State& st) {
 }
 BENCHMARK(BM_aMersenneTeiler32);
 
+// The wide divisor search: candidates q = 2kp + 1 below 2^63 with the bound of its caller.
+void BM_aMersenneTeilerDec(benchmark::State& st) {
+    std::mt19937_64 g(14);
+    std::vector<DecimalSatz> q(1024);
+    for (auto& d : q) {
+        const uint64_t p = (g() % 1000000000u) | 1, k = g() % 2000000000u + 1;
+        const uint64_t v = 2 * k * p + 1;
+        d = DecimalSatz{0, 0, 0, 0, uint32_t(v), uint32_t(v >> 32)};
+    }
+    size_t i = 0;
+    for (auto _ : st) {
+        const int32_t m = aMersTeilerMaxReduceDec(&q[i], 2000000000);
+        benchmark::DoNotOptimize(aMersenneTeilerDec(&q[i], m));
+        i = (i + 1) & 1023;
+    }
+    st.SetItemsProcessed(st.iterations());
+}
+BENCHMARK(BM_aMersenneTeilerDec);
+
 void BM_aUlamAnzi_1_bis_10hoch7(benchmark::State& st) {
     constexpr uint32_t kBis = 10000000;
     for (auto _ : st) {

@@ -355,12 +355,14 @@ Long aMersenneTeiler32(Long q, Long limit) {
 
 Long aMersenneTeilerDec(const DecimalSatz* q, Long limit) {
     if (limit <= 0) return 0;
+    if (q->Hi32 == 0) return Long(ordnung2_64(u64(dec_betrag(q)), u32(limit)));
     dec_nach_mpz(gr.q, q);
     return Long(ordnung2_gross(u32(limit)));
 }
 
 Long aMersenneTeilerHyp(Long* q, Long* /*qKopie*/, Long limit) {
     if (limit <= 0) return 0;
+    if (anzahl(q) <= 2) return Long(ordnung2_64(u64(hyp_lesen128(q)), u32(limit)));
     hyp_nach_mpz(gr.q, q);
     return Long(ordnung2_gross(u32(limit)));
 }
@@ -375,12 +377,14 @@ Long aMersTeilerMaxReduce32(Long x) {
 
 Long aMersTeilerMaxReduceDec(DecimalSatz* q, Long limit) {
     if (limit <= 0) return 0;
+    if (q->Hi32 == 0) return Long(max_reduce64(u64(dec_betrag(q)), u32(limit)));
     dec_nach_mpz(gr.q, q);
     return Long(max_reduce_gross(u32(limit)));
 }
 
 Long aMersTeilerMaxReduceHyp(Long* q, Long limit) {
     if (limit <= 0) return 0;
+    if (anzahl(q) <= 2) return Long(max_reduce64(u64(hyp_lesen128(q)), u32(limit)));
     hyp_nach_mpz(gr.q, q);
     return Long(max_reduce_gross(u32(limit)));
 }

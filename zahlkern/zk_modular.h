@@ -56,3 +56,14 @@ u32 ordnung2_32(u32 q);
 const std::vector<u32>& kleine_primzahlen();
 
 }  // namespace zk
+
+namespace zk {
+
+// The order of 2 modulo odd q < 2^64 if it is at most grenze (< 2^31), else 0: the word
+// path of aMersenneTeilerDec/Hyp for q below 64 bits.
+u32 ordnung2_64(u64 q, u32 grenze);
+
+// The bound of aMersTeilerMaxReduceDec/Hyp for q below 64 bits.
+u32 max_reduce64(u64 q, u32 grenze);
+
+}  // namespace zk
