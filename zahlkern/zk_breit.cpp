@@ -36,9 +36,9 @@ inline mp_limb_t* platz(int i, size_t limbs) {
 
 inline size_t limbs_fuer(int32_t worte) { return size_t(worte + 1) / 2; }
 
-// Words into limbs: on a little-endian machine two words are one limb. The pairs are put
-// together in registers and stored as whole limbs; a byte copy with a half limb zeroed first
-// would make GMP's first load of that limb wait for two overlapping stores.
+// Words into limbs: on a little-endian machine two words are one limb. The pairs are stored
+// as whole limbs: a byte copy over a half limb zeroed first would leave GMP's first load of
+// that limb waiting on two overlapping stores.
 inline mp_limb_t* in_limbs(int i, const uint32_t* w, int32_t n) {
     const size_t l = limbs_fuer(n);
     mp_limb_t* p = platz(i, l);
@@ -52,11 +52,8 @@ inline mp_limb_t* in_limbs(int i, const uint32_t* w, int32_t n) {
     return p;
 }
 
-// Limbs back into words, one 8-byte load per limb: GMP has just stored them, and a wider
-// (vectorised) load across two of those stores could not be served from the store buffer
-// and would wait for them to reach the cache, which costs more than a short product.
-__attribute__((optimize("no-tree-vectorize"))) void aus_limbs(uint32_t* w, const mp_limb_t* p,
-                                                              int32_t n) {
+// Limbs back into words: the same pairing the other way round.
+inline void aus_limbs(uint32_t* w, const mp_limb_t* p, int32_t n) {
     const size_t ganze = size_t(n) / 2;
     for (size_t k = 0; k < ganze; ++k) std::memcpy(w + 2 * k, &p[k], 8);
     if (n & 1) w[n - 1] = uint32_t(p[ganze]);
