@@ -16,18 +16,6 @@ namespace {
 
 inline u32 w32(Long x) { return u32(x); }
 
-// (hi * 2^64 + lo) mod d for hi < d, by the processor's 128-by-64 division where there is one.
-inline u64 rest128(u64 hi, u64 lo, u64 d) {
-#if defined(__x86_64__)
-    u64 q, r;
-    __asm__("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi), "rm"(d) : "cc");
-    (void)q;
-    return r;
-#else
-    return u64(((u128(hi) << 64) | lo) % d);
-#endif
-}
-
 // ---- the order of 2 modulo a q of any size, through GMP ----------------------------------------
 
 // Scratch numbers of the calling thread, initialised once and grown by GMP as needed.

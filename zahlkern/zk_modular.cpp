@@ -231,17 +231,6 @@ const std::vector<u32>& kleine_primzahlen() {
 namespace zk {
 namespace {
 
-inline u64 rest128(u64 hi, u64 lo, u64 d) {  // (hi 2^64 + lo) mod d for hi < d
-#if defined(__x86_64__)
-    u64 q, r;
-    __asm__("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi), "rm"(d) : "cc");
-    (void)q;
-    return r;
-#else
-    return u64(((u128(hi) << 64) | lo) % d);
-#endif
-}
-
 struct Mont64 {
     u64 m, inv, eins, r2;
     explicit Mont64(u64 modul) : m(modul) {

@@ -10,6 +10,19 @@
 
 namespace zk {
 
+// (hi 2^64 + lo) mod d for hi < d, by the processor's 128-by-64 division where there is one
+// (the compiler's generic 128-bit remainder is a library call several times as long).
+inline u64 rest128(u64 hi, u64 lo, u64 d) {
+#if defined(__x86_64__)
+    u64 q, r;
+    __asm__("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi), "rm"(d) : "cc");
+    (void)q;
+    return r;
+#else
+    return u64(((u128(hi) << 64) | lo) % d);
+#endif
+}
+
 // Reduction modulo m (2 <= m < 2^32) by one high multiply with floor((2^64-1)/m) instead of
 // a division: x - floor(x*v/2^64)*m is below 2m for every x < 2^64.
 struct Barrett {
