@@ -92,4 +92,9 @@ u32 ordnung2_64(u64 q, u32 grenze);
 // The bound of aMersTeilerMaxReduceDec/Hyp for q below 64 bits.
 u32 max_reduce64(u64 q, u32 grenze);
 
+// Divides every prime up to bis (below 2^16) out of c, appending (p, k) to aus, and returns
+// the new count; fewer than 32 distinct primes fit in 128 bits. Afterwards c has no prime
+// factor up to bis.
+int probedivision128(u128& c, u32 bis, Faktor* aus, int anz);
+
 }  // namespace zk
