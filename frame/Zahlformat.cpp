@@ -15,23 +15,25 @@ namespace sw {
 
 namespace {
 
-std::string entfernen(std::string s, const std::string& was) {
-    if (was.empty()) return s;
-    size_t pos;
-    while ((pos = s.find(was)) != std::string::npos) s.erase(pos, was.size());
-    return s;
+// Both helpers run in linear time: the calculator formats numbers of a million digits.
+std::string entfernen(const std::string& s, const std::string& was) {
+    if (was.empty() || s.find(was) == std::string::npos) return s;
+    std::string aus;
+    aus.reserve(s.size());
+    for (size_t i = 0; i < s.size();) {
+        if (s.compare(i, was.size(), was) == 0) {
+            i += was.size();
+        } else {
+            aus += s[i++];
+        }
+    }
+    return aus;
 }
 
 std::string gruppieren(const std::string& ziffern) {
-    if (FormatAnzahl <= 0) return ziffern;
     // The sign stands apart so that "-123456" groups as "-123.456".
     size_t vorne = (!ziffern.empty() && (ziffern[0] == '-' || ziffern[0] == '+')) ? 1 : 0;
-    std::string kopf = ziffern.substr(0, vorne);
-    std::string s = ziffern.substr(vorne);
-    for (long long i = static_cast<long long>(s.size()) - FormatAnzahl; i >= 1; i -= FormatAnzahl) {
-        s.insert(static_cast<size_t>(i), FormatZeichen);
-    }
-    return kopf + s;
+    return ziffern.substr(0, vorne) + ZiffernGruppieren(ziffern.substr(vorne));
 }
 
 std::string formatieren(const std::string& v, bool nullenKappen) {
@@ -53,6 +55,20 @@ std::string formatieren(const std::string& v, bool nullenKappen) {
 }
 
 }  // namespace
+
+std::string ZiffernGruppieren(const std::string& ziffern) {
+    if (FormatAnzahl <= 0 || ziffern.size() <= size_t(FormatAnzahl)) return ziffern;
+    const size_t n = ziffern.size(), g = size_t(FormatAnzahl);
+    std::string aus;
+    aus.reserve(n + (n / g) * FormatZeichen.size());
+    const size_t erste = n % g == 0 ? g : n % g;
+    aus.append(ziffern, 0, erste);
+    for (size_t i = erste; i < n; i += g) {
+        aus += FormatZeichen;
+        aus.append(ziffern, i, g);
+    }
+    return aus;
+}
 
 std::string ZahlFormat(const std::string& v) { return formatieren(v, true); }
 std::string ZahlFormat(const Decimal& v) { return formatieren(v.Text(), true); }
