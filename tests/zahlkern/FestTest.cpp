@@ -1,0 +1,489 @@
+// The 32-bit primitives and the Zahl64 / Zahl128 family with its mixed forms, each width pair
+// against GMP: every value is reduced to the width of the operand that receives the result.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "ZkTestHilfen.h"
+
+using namespace zktest;
+
+// ---- 32-bit primitives ----------------------------------------------------------------------
+
+TEST(Fest32, PrimitivenAnKantenwerten) {
+    EXPECT_EQ(aMOD32(int32_t(0xFFFFFFF0u), 7), int32_t(0xFFFFFFF0u % 7u));  // above 2^31: unsigned
+    EXPECT_EQ(aBitTest32(int32_t(0x80000000u), 31), -1);                    // negative as a Long
+    EXPECT_EQ(aBitTest32(1, 0), -1);
+    EXPECT_EQ(aBitTest32(1, 1), 0);
+    EXPECT_EQ(aShiftRightAll32(37), 37);  // odd: unchanged
+    EXPECT_EQ(aShiftRightAll32(40), 5);
+    EXPECT_EQ(aShiftRightAll32(int32_t(0x80000000u)), 1);
+    EXPECT_EQ(aBitLenght32(16), 5);
+    EXPECT_EQ(aBitLenght32(0), 0);
+    EXPECT_EQ(aBitLenght32(-1), 32);
+    EXPECT_EQ(aDiv2(-2), 0x7FFFFFFF);  // zeros come in
+    EXPECT_EQ(aShiftRight32(-1, 28), 15);
+    EXPECT_EQ(aShiftLeft32(3, 31), int32_t(0x80000000u));
+    EXPECT_EQ(aMul2Plus1(5), 11);
+    EXPECT_EQ(aDiv2Plus1(9), 5);
+    EXPECT_EQ(aMOD2(-1), 1);
+    EXPECT_EQ(aMOD8(-1), 7);
+    EXPECT_EQ(aMOD256(-1), 255);
+    EXPECT_EQ(aNot32(0), -1);
+    EXPECT_EQ(aSetBit32(0, 31), int32_t(0x80000000u));
+    EXPECT_EQ(aClearBit32(-1, 0), -2);
+    EXPECT_EQ(aADD32(int32_t(0xFFFFFFFFu), 2), 1);
+    EXPECT_EQ(aSUB32(0, 1), -1);
+    EXPECT_EQ(aMUL32(0x10000, 0x10000), 0);
+    EXPECT_EQ(aDIV32(-1, 2), 0x7FFFFFFF);
+    EXPECT_EQ(aCMP32(-1, 1), 1);  // unsigned comparison
+    EXPECT_EQ(aCMP32(3, 3), 0);
+    EXPECT_EQ(aMul2(int32_t(0x80000001u)), 2);
+    int32_t x = 4;
+    EXPECT_EQ(aBitTestSet32(&x, 2), -1);
+    EXPECT_EQ(aBitTestSet32(&x, 0), 0);
+    EXPECT_EQ(x, 5);
+}
+
+TEST(Fest32, BitReverseUndHighAndClear) {
+    EXPECT_EQ(aBitReverse32(1, 3), 4);      // 001 -> 100
+    EXPECT_EQ(aBitReverse32(6, 3), 3);      // 110 -> 011
+    EXPECT_EQ(aBitReverse32(1, 32), int32_t(0x80000000u));
+    for (int i = 0; i < 2000 / kFaktor; ++i) {
+        const uint32_t v = zufallsWort();
+        const int n = int(zufallsWort() % 33);
+        uint32_t erwartet = 0;
+        for (int b = 0; b < n; ++b) erwartet |= ((v >> b) & 1u) << (n - 1 - b);
+        ASSERT_EQ(uint32_t(aBitReverse32(int32_t(v), n)), erwartet) << v << " " << n;
+    }
+    // The caller's loop: places from the top, 1-based, until the word is 0.
+    int32_t w = int32_t(0x80000001u);
+    EXPECT_EQ(aHighAndClear32(&w), 1);
+    EXPECT_EQ(aHighAndClear32(&w), 32);
+    EXPECT_EQ(w, 0);
+    int32_t eins = 1 << 20;
+    EXPECT_EQ(aHighAndClear32(&eins), 12);
+    EXPECT_EQ(eins, 0);  // a word with one bit ends the loop
+}
+
+// ---- the width pairs against GMP ------------------------------------------------------------
+
+namespace {
+
+// How a kind of operand is made, read and reduced: width 0 means unlimited (Hyp).
+template <class T>
+struct Art;
+
+template <>
+struct Art<int32_t> {
+    static constexpr int breite = 32;
+    static void lesen(mpz_t z, const int32_t& x) { mpz_set_ui(z, uint32_t(x)); }
+    static int32_t aus(const mpz_t z) { return int32_t(uint32_t(mpz_get_ui(z))); }
+};
+template <>
+struct Art<Zahl64> {
+    static constexpr int breite = 64;
+    static void lesen(mpz_t z, const Zahl64& x) { mpz_import(z, 2, -1, 4, 0, 0, x.w); }
+    static Zahl64 aus(const mpz_t z) {
+        Zahl64 x{};
+        mpz_export(x.w, nullptr, -1, 4, 0, 0, z);
+        return x;
+    }
+};
+template <>
+struct Art<Zahl128> {
+    static constexpr int breite = 128;
+    static void lesen(mpz_t z, const Zahl128& x) { mpz_import(z, 4, -1, 4, 0, 0, x.w); }
+    static Zahl128 aus(const mpz_t z) {
+        Zahl128 x{};
+        mpz_export(x.w, nullptr, -1, 4, 0, 0, z);
+        return x;
+    }
+};
+template <>
+struct Art<DecimalSatz> {
+    static constexpr int breite = 96;
+    static void lesen(mpz_t z, const DecimalSatz& d) {
+        const uint32_t w[3] = {d.Lo32, d.Mid32, d.Hi32};
+        mpz_import(z, 3, -1, 4, 0, 0, w);
+    }
+    static DecimalSatz aus(const mpz_t z) {
+        uint32_t w[3] = {0, 0, 0};
+        mpz_export(w, nullptr, -1, 4, 0, 0, z);
+        DecimalSatz d{};
+        d.reserved = 0xA55A;  // the holder's tag and the sign must survive every call
+        d.sign = 128;
+        d.Lo32 = w[0];
+        d.Mid32 = w[1];
+        d.Hi32 = w[2];
+        return d;
+    }
+};
+template <>
+struct Art<sw::Hyp> {
+    static constexpr int breite = 0;
+    static void lesen(mpz_t z, const sw::Hyp& h) { hypNachMpz(z, h.daten()); }
+    static sw::Hyp aus(const mpz_t z) { return hypAus(z, int32_t(mpz_sizeinbase(z, 2) / 32) + 6); }
+};
+
+// A random value of up to `bits` bits (0: up to 200) in one of the edge patterns, or 0 or 1.
+void zufallsWert(mpz_t z, int bits) {
+    if (bits == 0) bits = 200;
+    const int wahl = int(zufallsWort() % 10);
+    if (wahl == 0) {
+        mpz_set_ui(z, 0);
+        return;
+    }
+    if (wahl == 1) {
+        mpz_set_ui(z, 1);
+        return;
+    }
+    const int n = 1 + int(zufallsWort() % uint32_t((bits + 31) / 32));
+    Mpz m(muster(n, int(zufallsWort() % kMusterArten)));
+    mpz_fdiv_r_2exp(z, m.z, mp_bitcnt_t(bits));
+    if (zufallsWort() % 3 == 0) mpz_fdiv_q_2exp(z, z, zufallsWort() % mp_bitcnt_t(bits));
+}
+
+void schneiden(mpz_t z, int breite) {
+    if (breite != 0) mpz_fdiv_r_2exp(z, z, mp_bitcnt_t(breite));
+}
+
+enum class Op { Mov, Add, Sub, Mul, Mod, Cmp };
+
+void referenz(mpz_t r, const mpz_t a, const mpz_t b, Op op, int breite) {
+    switch (op) {
+        case Op::Mov: mpz_set(r, b); break;
+        case Op::Add: mpz_add(r, a, b); break;
+        case Op::Sub:
+            mpz_sub(r, a, b);
+            if (breite == 0 && mpz_sgn(r) < 0) mpz_set(r, a);  // the Hyp keeps its value
+            break;
+        case Op::Mul: mpz_mul(r, a, b); break;
+        case Op::Mod:
+            if (mpz_sgn(b) == 0) mpz_set(r, a); else mpz_mod(r, a, b);
+            break;
+        case Op::Cmp: mpz_set(r, a); break;
+    }
+    if (breite != 0) {
+        if (mpz_sgn(r) < 0) mpz_fdiv_r_2exp(r, r, mp_bitcnt_t(breite));
+        schneiden(r, breite);
+    }
+}
+
+// first op= second for a pair of kinds, many random operands; `fn` returns the Long result.
+template <class A, class B, class F>
+void paar(const char* name, Op op, F fn) {
+    Mpz a, b, r, ist, b2;
+    for (int i = 0; i < 3000 / kFaktor; ++i) {
+        zufallsWert(a.z, Art<A>::breite);
+        zufallsWert(b.z, Art<B>::breite);
+        A x = Art<A>::aus(a.z);
+        const B y = Art<B>::aus(b.z);
+        const int32_t erg = fn(x, y);
+        referenz(r.z, a.z, b.z, op, Art<A>::breite);
+        Art<A>::lesen(ist.z, x);
+        Art<B>::lesen(b2.z, y);
+        ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << name << " a=" << a.text() << " b=" << b.text()
+                                          << " soll " << r.text() << " ist " << ist.text();
+        ASSERT_EQ(mpz_cmp(b2.z, b.z), 0) << name << ": second operand changed";
+        if (op == Op::Cmp) {
+            const int soll = mpz_cmp(a.z, b.z);
+            ASSERT_EQ(erg, soll < 0 ? -1 : (soll > 0 ? 1 : 0)) << name << " " << a.text() << " " << b.text();
+        }
+        if constexpr (std::is_same_v<A, DecimalSatz>) {
+            ASSERT_EQ(x.reserved, 0xA55A) << name;
+            ASSERT_EQ(x.sign, 128) << name;
+        }
+        if constexpr (std::is_same_v<A, sw::Hyp>) {
+            ASSERT_TRUE(waechterHeil(x, x.obergrenze() - kWaechter)) << name;
+            if (op == Op::Sub) {
+                const int c = mpz_cmp(a.z, b.z);
+                ASSERT_EQ(erg, c < 0 ? -1 : (c == 0 ? 0 : 1)) << name;
+            }
+        }
+    }
+}
+
+#define PAAR(fn, A, B, op) \
+    paar<A, B>(#fn, Op::op, [](A& x, const B& y) -> int32_t { fn(&x, &y); return 0; })
+#define PAAR_L(fn, A, op) \
+    paar<A, int32_t>(#fn, Op::op, [](A& x, const int32_t& y) -> int32_t { fn(&x, y); return 0; })
+#define PAAR_H(fn, B, op) \
+    paar<sw::Hyp, B>(#fn, Op::op, [](sw::Hyp& x, const B& y) -> int32_t { fn(x.daten(), &y); return 0; })
+#define PAAR_ZH(fn, A, op) \
+    paar<A, sw::Hyp>(#fn, Op::op, [](A& x, const sw::Hyp& y) -> int32_t { fn(&x, y.daten()); return 0; })
+#define VERGL(fn, A, B) paar<A, B>(#fn, Op::Cmp, [](A& x, const B& y) -> int32_t { return fn(&x, &y); })
+
+}  // namespace
+
+TEST(Fest64128, MovesJederBreite) {
+    PAAR(aMov6464, Zahl64, Zahl64, Mov);
+    PAAR(aMov128128, Zahl128, Zahl128, Mov);
+    PAAR(aMov12864, Zahl128, Zahl64, Mov);
+    PAAR_L(aMov12832, Zahl128, Mov);
+    PAAR_L(aMov6432, Zahl64, Mov);
+    PAAR(aMov3264, int32_t, Zahl64, Mov);
+    PAAR(aMov32128, int32_t, Zahl128, Mov);
+    PAAR(aMov64128, Zahl64, Zahl128, Mov);
+    PAAR(aMov64Dec, Zahl64, DecimalSatz, Mov);
+    PAAR(aMov128Dec, Zahl128, DecimalSatz, Mov);
+    PAAR_ZH(aMov64Hyp, Zahl64, Mov);
+    PAAR_ZH(aMov128Hyp, Zahl128, Mov);
+    PAAR(aMovDec64, DecimalSatz, Zahl64, Mov);
+    PAAR(aMovDec128, DecimalSatz, Zahl128, Mov);
+    PAAR_H(aMovHyp64, Zahl64, Mov);
+    PAAR_H(aMovHyp128, Zahl128, Mov);
+}
+
+TEST(Fest64128, AdditionJederBreite) {
+    PAAR(aAdd6464, Zahl64, Zahl64, Add);
+    PAAR(aAdd128128, Zahl128, Zahl128, Add);
+    PAAR(aAdd12864, Zahl128, Zahl64, Add);
+    PAAR(aAdd64128, Zahl64, Zahl128, Add);
+    PAAR_L(aAdd6432, Zahl64, Add);
+    PAAR_L(aAdd12832, Zahl128, Add);
+    PAAR(aAdd3264, int32_t, Zahl64, Add);
+    PAAR(aAdd32128, int32_t, Zahl128, Add);
+    PAAR(aAdd64Dec, Zahl64, DecimalSatz, Add);
+    PAAR(aAdd128Dec, Zahl128, DecimalSatz, Add);
+    PAAR_ZH(aAdd64Hyp, Zahl64, Add);
+    PAAR_ZH(aAdd128Hyp, Zahl128, Add);
+    PAAR(aAddDec64, DecimalSatz, Zahl64, Add);
+    PAAR(aAddDec128, DecimalSatz, Zahl128, Add);
+    PAAR_H(aAddHyp64, Zahl64, Add);
+    PAAR_H(aAddHyp128, Zahl128, Add);
+    paar<Zahl64, Zahl64>("aAdd64", Op::Add, [](Zahl64& x, const Zahl64& y) {
+        Zahl64 s;
+        aAdd64(&s, &x, &y);
+        x = s;
+        return 0;
+    });
+    paar<Zahl128, Zahl128>("aAdd128", Op::Add, [](Zahl128& x, const Zahl128& y) {
+        Zahl128 s;
+        aAdd128(&s, &x, &y);
+        x = s;
+        return 0;
+    });
+}
+
+TEST(Fest64128, SubtraktionJederBreite) {
+    PAAR(aSub6464, Zahl64, Zahl64, Sub);
+    PAAR(aSub128128, Zahl128, Zahl128, Sub);
+    PAAR_L(aSub6432, Zahl64, Sub);
+    PAAR_L(aSub12832, Zahl128, Sub);
+    PAAR(aSub3264, int32_t, Zahl64, Sub);
+    PAAR(aSub32128, int32_t, Zahl128, Sub);
+    PAAR(aSub64Dec, Zahl64, DecimalSatz, Sub);
+    PAAR(aSub128Dec, Zahl128, DecimalSatz, Sub);
+    PAAR_ZH(aSub64Hyp, Zahl64, Sub);
+    PAAR_ZH(aSub128Hyp, Zahl128, Sub);
+    PAAR(aSubDec64, DecimalSatz, Zahl64, Sub);
+    PAAR(aSubDec128, DecimalSatz, Zahl128, Sub);
+    paar<sw::Hyp, Zahl64>("aSubHyp64", Op::Sub,
+                          [](sw::Hyp& x, const Zahl64& y) { return aSubHyp64(x.daten(), &y); });
+}
+
+TEST(Fest64128, VergleichJederBreite) {
+    VERGL(aCMP6464, Zahl64, Zahl64);
+    VERGL(aCMP128128, Zahl128, Zahl128);
+    paar<Zahl64, int32_t>("aCMP6432", Op::Cmp, [](Zahl64& x, const int32_t& v) { return aCMP6432(&x, v); });
+    paar<Zahl128, int32_t>("aCMP12832", Op::Cmp, [](Zahl128& x, const int32_t& v) { return aCMP12832(&x, v); });
+    VERGL(aCMPDec64, DecimalSatz, Zahl64);
+    VERGL(aCMPDec128, DecimalSatz, Zahl128);
+    paar<sw::Hyp, Zahl64>("aCMPHyp64", Op::Cmp, [](sw::Hyp& x, const Zahl64& y) { return aCMPHyp64(x.daten(), &y); });
+}
+
+TEST(Fest64128, MultiplikationJederBreite) {
+    PAAR(aMul6464, Zahl64, Zahl64, Mul);
+    PAAR(aMul128128, Zahl128, Zahl128, Mul);
+    PAAR_L(aMul6432, Zahl64, Mul);
+    PAAR_L(aMul12832, Zahl128, Mul);
+    PAAR(aMul3264, int32_t, Zahl64, Mul);
+    PAAR(aMul32128, int32_t, Zahl128, Mul);
+    PAAR(aMul64Dec, Zahl64, DecimalSatz, Mul);
+    PAAR_ZH(aMul64Hyp, Zahl64, Mul);
+    PAAR(aMulDec64, DecimalSatz, Zahl64, Mul);
+    PAAR(aMulDec128, DecimalSatz, Zahl128, Mul);
+    PAAR_H(aMulHyp64, Zahl64, Mul);
+}
+
+TEST(Fest64128, RestJederBreite) {
+    PAAR(aMod6464, Zahl64, Zahl64, Mod);
+    PAAR(aMod128128, Zahl128, Zahl128, Mod);
+    PAAR(aMod12864, Zahl128, Zahl64, Mod);
+    PAAR(aMod64128, Zahl64, Zahl128, Mod);
+    PAAR_L(aMod6432, Zahl64, Mod);
+    PAAR_L(aMod12832, Zahl128, Mod);
+    PAAR(aMod3264, int32_t, Zahl64, Mod);
+    PAAR(aMod32128, int32_t, Zahl128, Mod);
+    PAAR(aMod64Dec, Zahl64, DecimalSatz, Mod);
+    PAAR(aMod128Dec, Zahl128, DecimalSatz, Mod);
+    PAAR_ZH(aMod64Hyp, Zahl64, Mod);
+    PAAR_ZH(aMod128Hyp, Zahl128, Mod);
+    PAAR(aModDec64, DecimalSatz, Zahl64, Mod);
+    PAAR_H(aModHyp64, Zahl64, Mod);
+}
+
+namespace {
+
+// q := a div b, a := a mod b for a kind pair; quotient 0 and a kept for b = 0.
+template <class Q, class B, class F>
+void division(const char* name, F fn) {
+    Mpz a, b, q, r, istQ, istR;
+    for (int i = 0; i < 3000 / kFaktor; ++i) {
+        zufallsWert(a.z, Art<Q>::breite);
+        zufallsWert(b.z, Art<B>::breite);
+        if (i % 7 == 0) mpz_set_ui(b.z, 0);
+        Q x = Art<Q>::aus(a.z);
+        const B y = Art<B>::aus(b.z);
+        Q quot = Art<Q>::aus(b.z);  // garbage in the quotient: it must be overwritten
+        fn(quot, x, y);
+        if (mpz_sgn(b.z) == 0) {
+            mpz_set_ui(q.z, 0);
+            mpz_set(r.z, a.z);
+        } else {
+            mpz_fdiv_qr(q.z, r.z, a.z, b.z);
+        }
+        Art<Q>::lesen(istQ.z, quot);
+        Art<Q>::lesen(istR.z, x);
+        ASSERT_EQ(mpz_cmp(istQ.z, q.z), 0) << name << " " << a.text() << " / " << b.text();
+        ASSERT_EQ(mpz_cmp(istR.z, r.z), 0) << name << " " << a.text() << " % " << b.text();
+    }
+}
+
+}  // namespace
+
+TEST(Fest64128, DivisionMitRestImDividenden) {
+    division<Zahl64, Zahl64>("aDiv6464", [](Zahl64& q, Zahl64& a, const Zahl64& b) { aDiv6464(&q, &a, &b); });
+    division<Zahl128, Zahl128>("aDiv128128",
+                               [](Zahl128& q, Zahl128& a, const Zahl128& b) { aDiv128128(&q, &a, &b); });
+    division<Zahl64, int32_t>("aDiv6432", [](Zahl64& q, Zahl64& a, const int32_t& d) { aDiv6432(&q, &a, d); });
+    division<Zahl128, int32_t>("aDiv12832",
+                               [](Zahl128& q, Zahl128& a, const int32_t& d) { aDiv12832(&q, &a, d); });
+    division<int32_t, Zahl64>("aDiv3264", [](int32_t& q, int32_t& a, const Zahl64& b) { aDiv3264(&q, &a, &b); });
+    division<Zahl64, DecimalSatz>("aDiv64Dec",
+                                  [](Zahl64& q, Zahl64& a, const DecimalSatz& d) { aDiv64Dec(&q, &a, &d); });
+    division<Zahl64, sw::Hyp>("aDiv64Hyp",
+                              [](Zahl64& q, Zahl64& a, const sw::Hyp& h) { aDiv64Hyp(&q, &a, h.daten()); });
+    division<DecimalSatz, Zahl64>("aDivDec64",
+                                  [](DecimalSatz& q, DecimalSatz& a, const Zahl64& b) { aDivDec64(&q, &a, &b); });
+    division<sw::Hyp, Zahl64>("aDivHyp64", [](sw::Hyp& q, sw::Hyp& a, const Zahl64& b) {
+        q.mindestens(a.anzahl() + 1);
+        aDivHyp64(q.daten(), a.daten(), &b);
+    });
+}
+
+TEST(Fest64128, EinstelligeFormen) {
+    Mpz a, r, ist;
+    for (int i = 0; i < 3000 / kFaktor; ++i) {
+        zufallsWert(a.z, 128);
+        const int n = int(zufallsWort() % 140);
+        Zahl128 x = Art<Zahl128>::aus(a.z);
+        Zahl64 y = Art<Zahl64>::aus(a.z);
+        auto pruefe128 = [&](const char* name, void (*f)(Zahl128*), void (*ref)(mpz_t, const mpz_t)) {
+            Zahl128 z = x;
+            f(&z);
+            ref(r.z, a.z);
+            schneiden(r.z, 128);
+            Art<Zahl128>::lesen(ist.z, z);
+            ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << name << " " << a.text();
+        };
+        auto pruefe64 = [&](const char* name, void (*f)(Zahl64*), void (*ref)(mpz_t, const mpz_t)) {
+            Zahl64 z = y;
+            Mpz a64;
+            Art<Zahl64>::lesen(a64.z, y);
+            f(&z);
+            ref(r.z, a64.z);
+            if (mpz_sgn(r.z) < 0) mpz_fdiv_r_2exp(r.z, r.z, 64);
+            schneiden(r.z, 64);
+            Art<Zahl64>::lesen(ist.z, z);
+            ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << name << " " << a64.text();
+        };
+        pruefe128("aInc128", aInc128, [](mpz_t r, const mpz_t a) { mpz_add_ui(r, a, 1); });
+        pruefe128("aDec128", aDec128, [](mpz_t r, const mpz_t a) {
+            mpz_sub_ui(r, a, 1);
+            if (mpz_sgn(r) < 0) mpz_fdiv_r_2exp(r, r, 128);
+        });
+        pruefe128("aQuad128", aQuad128, [](mpz_t r, const mpz_t a) { mpz_mul(r, a, a); });
+        pruefe128("aMul2_128", aMul2_128, [](mpz_t r, const mpz_t a) { mpz_mul_2exp(r, a, 1); });
+        pruefe128("aDiv2_128", aDiv2_128, [](mpz_t r, const mpz_t a) { mpz_fdiv_q_2exp(r, a, 1); });
+        pruefe64("aInc64", aInc64, [](mpz_t r, const mpz_t a) { mpz_add_ui(r, a, 1); });
+        pruefe64("aDec64", aDec64, [](mpz_t r, const mpz_t a) { mpz_sub_ui(r, a, 1); });
+        pruefe64("aQuad64", aQuad64, [](mpz_t r, const mpz_t a) { mpz_mul(r, a, a); });
+        pruefe64("aMul2_64", aMul2_64, [](mpz_t r, const mpz_t a) { mpz_mul_2exp(r, a, 1); });
+        pruefe64("aDiv2_64", aDiv2_64, [](mpz_t r, const mpz_t a) { mpz_fdiv_q_2exp(r, a, 1); });
+
+        Zahl128 s = x;
+        aShiftLeft128(&s, n);
+        mpz_mul_2exp(r.z, a.z, mp_bitcnt_t(n));
+        schneiden(r.z, 128);
+        Art<Zahl128>::lesen(ist.z, s);
+        ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << "aShiftLeft128 " << n;
+        s = x;
+        aShiftRight128(&s, n);
+        mpz_fdiv_q_2exp(r.z, a.z, mp_bitcnt_t(n));
+        Art<Zahl128>::lesen(ist.z, s);
+        ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << "aShiftRight128 " << n;
+        Zahl64 t = y;
+        Mpz a64;
+        Art<Zahl64>::lesen(a64.z, y);
+        aShiftLeft64(&t, n);
+        mpz_mul_2exp(r.z, a64.z, mp_bitcnt_t(n));
+        schneiden(r.z, 64);
+        Art<Zahl64>::lesen(ist.z, t);
+        ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << "aShiftLeft64 " << n;
+        t = y;
+        aShiftRight64(&t, n);
+        mpz_fdiv_q_2exp(r.z, a64.z, mp_bitcnt_t(n));
+        Art<Zahl64>::lesen(ist.z, t);
+        ASSERT_EQ(mpz_cmp(ist.z, r.z), 0) << "aShiftRight64 " << n;
+    }
+}
+
+TEST(Fest64128, TextwandlungWieDieAufrufer) {
+    // Zahl128 to text: divide by 10 with the remainder in the dividend until the value is 0.
+    Zahl128 v;
+    aGetWords128(&v, int32_t(0xFFFFFFFFu), int32_t(0xFFFFFFFFu), int32_t(0xFFFFFFFFu), int32_t(0xFFFFFFFFu));
+    std::string text;
+    do {
+        Zahl128 q;
+        aMov12832(&q, 0);
+        aDiv12832(&q, &v, 10);
+        int32_t ziffer = 0;
+        aMov32128(&ziffer, &v);
+        text.insert(text.begin(), char('0' + ziffer));
+        v = q;
+    } while (aCMP12832(&v, 0) != 0);
+    EXPECT_EQ(text, "340282366920938463463374607431768211455");
+    // And back: multiply by 10 and add the digit.
+    Zahl128 w;
+    aMov12832(&w, 0);
+    for (char c : text) {
+        aMul12832(&w, 10);
+        aAdd12832(&w, c - '0');
+    }
+    EXPECT_EQ(aGet128(&w, 3), -1);
+    EXPECT_EQ(aGet128(&w, 0), -1);
+    // Dividend 0: quotient 0, remainder 0.
+    Zahl64 q, a;
+    aGetWords64(&q, 7, 7);
+    aMov6432(&a, 0);
+    aDiv6432(&q, &a, 10);
+    EXPECT_EQ(aCMP6432(&q, 0), 0);
+    EXPECT_EQ(aCMP6432(&a, 0), 0);
+    EXPECT_EQ(aGet64(&q, 2), 0);
+}
+
+TEST(FestDec, MitgliederOhneAufrufer) {
+    DecimalSatz d = decAus((static_cast<unsigned __int128>(1) << 95) | 3);
+    d.reserved = 0x1234;
+    aMulDec2(&d);
+    EXPECT_EQ(decWert(d), 6u);  // the top bit is cut at 96
+    EXPECT_EQ(d.reserved, 0x1234);
+    aDivDec2(&d);
+    EXPECT_EQ(decWert(d), 3u);
+    aGetWordsDec(&d, 1, 2, 3);
+    EXPECT_EQ(decWert(d), (static_cast<unsigned __int128>(3) << 64) | (static_cast<unsigned __int128>(2) << 32) | 1);
+    aAndDec32(&d, 0xFF);
+    EXPECT_EQ(decWert(d), 1u);
+}

@@ -1,0 +1,109 @@
+// Wide products and quotients. GMP's mpn functions want 64-bit limbs at limb alignment, and a
+// Hyp's words start 4 bytes behind its count, so the words are copied into grow-only limb
+// buffers of the calling thread; the copy is linear and disappears beside the product from a
+// few words on (see zk_tuning.h for where the word loops stop).
+#include "zahlkern/zk_breit.h"
+
+#include <gmp.h>
+
+#include <cstring>
+#include <vector>
+
+#include "zahlkern/zk_tuning.h"
+
+namespace zk {
+namespace {
+
+static_assert(sizeof(mp_limb_t) == 8, "the limb copies assume 64-bit limbs");
+
+// Grow-only scratch: a call allocates only when it is the widest this thread has seen.
+struct LimbPuffer {
+    std::vector<mp_limb_t> v[4];
+    mp_limb_t* platz(int i, size_t limbs) {
+        if (v[i].size() < limbs) v[i].resize(limbs + limbs / 4 + 4);
+        return v[i].data();
+    }
+};
+thread_local LimbPuffer puffer;
+
+inline size_t limbs_fuer(int32_t worte) { return size_t(worte + 1) / 2; }
+
+// Words into limbs: on a little-endian machine two words are one limb, so one memcpy does it;
+// an odd count leaves the upper half of the last limb, which is cleared first.
+inline mp_limb_t* in_limbs(int i, const uint32_t* w, int32_t n) {
+    const size_t l = limbs_fuer(n);
+    mp_limb_t* p = puffer.platz(i, l);
+    p[l - 1] = 0;
+    std::memcpy(p, w, size_t(n) * 4);
+    return p;
+}
+
+inline void aus_limbs(uint32_t* w, const mp_limb_t* p, int32_t n) { std::memcpy(w, p, size_t(n) * 4); }
+
+// Schoolbook product on words: for short operands the loop beats the copies and GMP's call.
+void mul_schule(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, int32_t nb) {
+    uint64_t carry = 0;
+    const uint64_t b0 = b[0];
+    for (int32_t i = 0; i < na; ++i) {
+        carry += a[i] * b0;
+        t[i] = uint32_t(carry);
+        carry >>= 32;
+    }
+    t[na] = uint32_t(carry);
+    for (int32_t j = 1; j < nb; ++j) {
+        const uint64_t bj = b[j];
+        carry = 0;
+        uint32_t* z = t + j;
+        for (int32_t i = 0; i < na; ++i) {
+            carry += a[i] * bj + z[i];
+            z[i] = uint32_t(carry);
+            carry >>= 32;
+        }
+        z[na] = uint32_t(carry);
+    }
+}
+
+}  // namespace
+
+void mul_worte(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, int32_t nb) {
+    if (na < nb) {
+        std::swap(a, b);
+        std::swap(na, nb);
+    }
+    if (nb < kMulWorteSchule) {
+        mul_schule(t, a, na, b, nb);
+        return;
+    }
+    const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
+    const mp_limb_t* pa = in_limbs(0, a, na);
+    const mp_limb_t* pb = in_limbs(1, b, nb);
+    mp_limb_t* pt = puffer.platz(2, la + lb);
+    mpn_mul(pt, pa, mp_size_t(la), pb, mp_size_t(lb));
+    aus_limbs(t, pt, na + nb);
+}
+
+void quad_worte(uint32_t* t, const uint32_t* a, int32_t n) {
+    if (n < kQuadWorteSchule) {
+        mul_schule(t, a, n, a, n);
+        return;
+    }
+    const size_t l = limbs_fuer(n);
+    const mp_limb_t* pa = in_limbs(0, a, n);
+    mp_limb_t* pt = puffer.platz(2, 2 * l);
+    mpn_sqr(pt, pa, mp_size_t(l));
+    aus_limbs(t, pt, 2 * n);
+}
+
+void divmod_worte(uint32_t* q, uint32_t* r, const uint32_t* a, int32_t na, const uint32_t* b,
+                  int32_t nb) {
+    const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
+    const mp_limb_t* pa = in_limbs(0, a, na);
+    const mp_limb_t* pb = in_limbs(1, b, nb);
+    mp_limb_t* pq = puffer.platz(2, la - lb + 1);
+    mp_limb_t* pr = puffer.platz(3, lb);
+    mpn_tdiv_qr(pq, pr, 0, pa, mp_size_t(la), pb, mp_size_t(lb));
+    if (q != nullptr) aus_limbs(q, pq, na - nb + 1);
+    aus_limbs(r, pr, nb);
+}
+
+}  // namespace zk
