@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "arith/basHyper.h"
+#include "arith/basRechnen.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Zeichenketten.h"
 #include "frame/basZentral.h"
@@ -126,9 +127,9 @@ Hyp teileZahl(const char* s, size_t n) {
     return r;
 }
 
-std::string anzeigeForm(const std::string& ziffern) {
+std::string anzeigeForm(const std::string& ziffern, bool gruppieren = true) {
     const size_t laenge = ziffern.size();
-    std::string text = ZiffernGruppieren(ziffern);
+    std::string text = gruppieren ? ZiffernGruppieren(ziffern) : ziffern;
     const size_t grenze = MaxFormatStellen > 0 ? size_t(MaxFormatStellen) : 0;
     if (laenge > grenze) {
         const size_t teil = grenze / 2 >= 1 ? grenze / 2 - 1 : 0;
@@ -160,7 +161,7 @@ std::string Hyp2TextNull(const Hyp& h) {
 
 std::string Hyp2Anzeige(const Hyp& h) { return anzeigeForm(Hyp2Text(h)); }
 std::string Hyp2AnzeigeNull(const Hyp& h) { return anzeigeForm(Hyp2TextNull(h)); }
-std::string ZiffernAnzeige(const std::string& ziffern) { return anzeigeForm(ziffern); }
+std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren) { return anzeigeForm(ziffern, gruppieren); }
 
 std::string ZiffernGruppieren(const std::string& ziffern) {
     if (FormatAnzahl <= 0 || FormatZeichen.empty() || ziffern.size() <= size_t(FormatAnzahl)) return ziffern;
@@ -209,29 +210,47 @@ std::string HypInBasis(const Hyp& h, int32_t basis) {
     std::vector<uint32_t> ziffern;  // lowest first
     Hyp arbeit(h);
     if (arbeit[0] < 1) arbeit[0] = 1;
-    // Several digits per quotient: the largest power of the base that fits a word.
-    uint32_t potenz = uint32_t(basis);
-    int32_t jeWort = 1;
-    while (uint64_t(potenz) * uint32_t(basis) <= 0xFFFFFFFFull) {
-        potenz *= uint32_t(basis);
-        ++jeWort;
-    }
-    while (arbeit.anzahl() > 1 || uint32_t(arbeit[1]) >= potenz) {
-        uint32_t r = uint32_t(aDivHyp32(arbeit, int32_t(potenz)));
-        for (int32_t i = 0; i < jeWort; ++i) {
-            ziffern.push_back(r % uint32_t(basis));
-            r /= uint32_t(basis);
+    if ((basis & (basis - 1)) == 0) {
+        // A power of two: each digit is a run of bits, read straight from the words.
+        const int32_t k = __builtin_ctz(uint32_t(basis));
+        const int32_t bits = aGetHighBitHyp(arbeit) + 1;
+        for (int32_t i = 0; i < bits || ziffern.empty(); i += k) {
+            uint32_t z = 0;
+            for (int32_t b = k - 1; b >= 0; --b) z = z * 2 + (i + b < bits && aBitTestHyp(arbeit, i + b) ? 1 : 0);
+            ziffern.push_back(z);
         }
+    } else {
+        // Several digits per quotient: the largest power of the base that fits a word.
+        uint32_t potenz = uint32_t(basis);
+        int32_t jeWort = 1;
+        while (uint64_t(potenz) * uint32_t(basis) <= 0xFFFFFFFFull) {
+            potenz *= uint32_t(basis);
+            ++jeWort;
+        }
+        for (int schritt = 1; arbeit.anzahl() > 1 || uint32_t(arbeit[1]) >= potenz; ++schritt) {
+            uint32_t r = uint32_t(aDivHyp32(arbeit, int32_t(potenz)));
+            for (int32_t i = 0; i < jeWort; ++i) {
+                ziffern.push_back(r % uint32_t(basis));
+                r /= uint32_t(basis);
+            }
+            if (schritt % 256 == 0 && arbeit.anzahl() > 1024) RechnenYield();
+        }
+        for (uint32_t r = uint32_t(arbeit[1]); r != 0; r /= uint32_t(basis)) ziffern.push_back(r % uint32_t(basis));
     }
-    for (uint32_t r = uint32_t(arbeit[1]); r != 0; r /= uint32_t(basis)) ziffern.push_back(r % uint32_t(basis));
     while (ziffern.size() > 1 && ziffern.back() == 0) ziffern.pop_back();
     if (ziffern.empty()) ziffern.push_back(0);
     std::string aus;
+    aus.reserve(ziffern.size() * (basis <= 16 ? 1 : 3));
     for (size_t i = ziffern.size(); i-- > 0;) {
         const uint32_t z = ziffern[i];
-        if (basis <= 10) aus.push_back(char('0' + z));
-        else if (basis == 16) aus.push_back(z < 10 ? char('0' + z) : char('A' + z - 10));
-        else aus += std::to_string(z) + " ";
+        if (basis <= 10) {
+            aus.push_back(char('0' + z));
+        } else if (basis == 16) {
+            aus.push_back(z < 10 ? char('0' + z) : char('A' + z - 10));
+        } else {
+            aus += std::to_string(z);
+            aus.push_back(' ');
+        }
     }
     return aus;
 }

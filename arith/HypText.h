@@ -21,8 +21,8 @@ std::string Hyp2TextNull(const Hyp& h);
 // the digit count stands in front in parentheses.
 std::string Hyp2Anzeige(const Hyp& h);
 std::string Hyp2AnzeigeNull(const Hyp& h);
-// The same shortening for a digit text already at hand (the calculator shows other bases).
-std::string ZiffernAnzeige(const std::string& ziffern);
+// The same for a digit text already at hand; digits of other bases are shortened, not grouped.
+std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren = true);
 
 // Groups a digit text from the right; linear in the length, so that a million digits group
 // in a millisecond.
@@ -37,7 +37,8 @@ Hyp Ziffern2Hyp(const std::string& text);
 
 // h in base 2..36 with the digit rules of ZahlInBasis: decimal digits up to base 10, letters
 // from "A" in base 16, each digit as a decimal number and a blank in any other base.
-// Word by word (quadratic): meant for the display, not for numbers of a million digits.
+// Powers of two read the bits directly; other bases divide word by word, which is quadratic
+// and yields (a stop ends it with Laufzeitfehler 18).
 std::string HypInBasis(const Hyp& h, int32_t basis);
 
 }  // namespace sw
