@@ -92,8 +92,9 @@ Long aDivMod120(Long x, Long* rest);
 /* ===== Conventions of the families below =================================================
  * A Long in second place is read as an unsigned word unless its line says otherwise.
  * Fixed widths wrap: a result beyond the width is cut to it (Decimal targets to 96 bits).
- * Zero divisors never trap: a division by 0 leaves the dividend as it was and the quotient
- * 0, and a word result of such a division is 0. Callers still test their divisors.
+ * Zero divisors never trap: a division by 0 leaves the dividend as it was and a separate
+ * quotient 0 (an in-place quotient such as aDivHyp32 leaves the number alone), and a word
+ * result of such a division is 0. Callers still test their divisors.
  * A Hyp is passed as the address of its element 0 (Long*). A Hyp target must have the room
  * its line names (upper bound = highest usable index); debug builds abort with the
  * function's name when a Hyp made by sw::Hyp (zahlkern/Hyp.h) would be overrun. */
@@ -285,8 +286,7 @@ void aMulHyp2(Long* h);                 /* 2h; room count + 1 */
 void aDivHyp2(Long* h);                 /* h div 2 */
 void aHypMul1FuenfPlus1(Long* h);       /* h := (3h + 1) / 2 for odd h (Collatz double step); room count + 1 */
 void aNullHyp(Long* h, Long n);         /* h := 0 and words 1..n cleared; room n */
-/* h := q div d with the quotient in q (room: count of a) and a := a mod d (count 1);
- * returns the remainder too. */
+/* q := a div d (room: count of a), a := a mod d (count 1); returns the remainder too. */
 Long aDivModHyp32(Long* q, Long* a, Long d);
 
 /* Two Hyps. Product targets are zeroed by the caller and never overlap an operand. */
@@ -348,11 +348,14 @@ Long aMayBeQuadrat32(Long x);             /* 0 only if x is surely no square; -1
 /* 0 if n has no divisor from 2 to r, else the smallest such divisor (n, r unsigned). */
 Long aPrimMod(Long n, Long r);
 /* B a Hyp (a multiple of 120), p an odd prime: the smallest odd r with p | B + r (p when
- * p | B); 4294967295 (-1) when p is 0, 1 or even. */
+ * p | B); 4294967295 (-1), "nothing to strike", when p is below 3 or even or r needs more
+ * than a word. */
 Long aModHypSpecial(const Long* B, Long p);
 
-/* Divisors of Mersenne numbers: the order of 2 modulo q, if it is at most limit, else 0.
- * For a prime order p this is the one exponent with q | 2^p - 1. q odd and above 1. */
+/* Divisors of Mersenne numbers: the order of 2 modulo q, if it is at most limit, else 0
+ * (also for an even q or q below 3). For a prime order p this is the one exponent with
+ * q | 2^p - 1. The word form finds every order; the Dec and Hyp forms, for q above 32 bits,
+ * the orders that divide q - 1, which are all orders of a prime q. */
 Long aMersenneTeiler32(Long q, Long limit);
 Long aMersenneTeilerDec(const DecimalSatz* q, Long limit);
 Long aMersenneTeilerHyp(Long* q, Long* qKopie, Long limit); /* both hold q; left unchanged */

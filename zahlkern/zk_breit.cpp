@@ -16,29 +16,48 @@ namespace {
 
 static_assert(sizeof(mp_limb_t) == 8, "the limb copies assume 64-bit limbs");
 
-// Grow-only scratch: a call allocates only when it is the widest this thread has seen.
+// Scratch limbs of the calling thread: a fixed block for short numbers (a trivial type, so
+// reaching it costs no thread-local initialisation check), grow-only vectors beyond it; a
+// call allocates only when it is the widest this thread has seen.
+constexpr size_t kKurzLimbs = 128;
+thread_local mp_limb_t kurz[4][kKurzLimbs];
+
 struct LimbPuffer {
     std::vector<mp_limb_t> v[4];
-    mp_limb_t* platz(int i, size_t limbs) {
-        if (v[i].size() < limbs) v[i].resize(limbs + limbs / 4 + 4);
-        return v[i].data();
-    }
 };
-thread_local LimbPuffer puffer;
+thread_local LimbPuffer lang;
+
+inline mp_limb_t* platz(int i, size_t limbs) {
+    if (limbs <= kKurzLimbs) return kurz[i];
+    std::vector<mp_limb_t>& v = lang.v[i];
+    if (v.size() < limbs) v.resize(limbs + limbs / 4 + 4);
+    return v.data();
+}
 
 inline size_t limbs_fuer(int32_t worte) { return size_t(worte + 1) / 2; }
 
-// Words into limbs: on a little-endian machine two words are one limb, so one memcpy does it;
-// an odd count leaves the upper half of the last limb, which is cleared first.
+// Words into limbs: on a little-endian machine two words are one limb. The pairs are stored
+// as whole limbs: a byte copy over a half limb zeroed first would leave GMP's first load of
+// that limb waiting on two overlapping stores.
 inline mp_limb_t* in_limbs(int i, const uint32_t* w, int32_t n) {
     const size_t l = limbs_fuer(n);
-    mp_limb_t* p = puffer.platz(i, l);
-    p[l - 1] = 0;
-    std::memcpy(p, w, size_t(n) * 4);
+    mp_limb_t* p = platz(i, l);
+    const size_t ganze = size_t(n) / 2;
+    for (size_t k = 0; k < ganze; ++k) {
+        uint64_t x;
+        std::memcpy(&x, w + 2 * k, 8);
+        p[k] = x;
+    }
+    if (n & 1) p[ganze] = w[n - 1];
     return p;
 }
 
-inline void aus_limbs(uint32_t* w, const mp_limb_t* p, int32_t n) { std::memcpy(w, p, size_t(n) * 4); }
+// Limbs back into words: the same pairing the other way round.
+inline void aus_limbs(uint32_t* w, const mp_limb_t* p, int32_t n) {
+    const size_t ganze = size_t(n) / 2;
+    for (size_t k = 0; k < ganze; ++k) std::memcpy(w + 2 * k, &p[k], 8);
+    if (n & 1) w[n - 1] = uint32_t(p[ganze]);
+}
 
 // Schoolbook product on words: for short operands the loop beats the copies and GMP's call.
 void mul_schule(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, int32_t nb) {
@@ -77,7 +96,7 @@ void mul_worte(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, in
     const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
     const mp_limb_t* pa = in_limbs(0, a, na);
     const mp_limb_t* pb = in_limbs(1, b, nb);
-    mp_limb_t* pt = puffer.platz(2, la + lb);
+    mp_limb_t* pt = platz(2, la + lb);
     mpn_mul(pt, pa, mp_size_t(la), pb, mp_size_t(lb));
     aus_limbs(t, pt, na + nb);
 }
@@ -89,7 +108,7 @@ void quad_worte(uint32_t* t, const uint32_t* a, int32_t n) {
     }
     const size_t l = limbs_fuer(n);
     const mp_limb_t* pa = in_limbs(0, a, n);
-    mp_limb_t* pt = puffer.platz(2, 2 * l);
+    mp_limb_t* pt = platz(2, 2 * l);
     mpn_sqr(pt, pa, mp_size_t(l));
     aus_limbs(t, pt, 2 * n);
 }
@@ -99,8 +118,8 @@ void divmod_worte(uint32_t* q, uint32_t* r, const uint32_t* a, int32_t na, const
     const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
     const mp_limb_t* pa = in_limbs(0, a, na);
     const mp_limb_t* pb = in_limbs(1, b, nb);
-    mp_limb_t* pq = puffer.platz(2, la - lb + 1);
-    mp_limb_t* pr = puffer.platz(3, lb);
+    mp_limb_t* pq = platz(2, la - lb + 1);
+    mp_limb_t* pr = platz(3, lb);
     mpn_tdiv_qr(pq, pr, 0, pa, mp_size_t(la), pb, mp_size_t(lb));
     if (q != nullptr) aus_limbs(q, pq, na - nb + 1);
     aus_limbs(r, pr, nb);

@@ -16,18 +16,6 @@ namespace {
 
 inline u32 w32(Long x) { return u32(x); }
 
-// (hi * 2^64 + lo) mod d for hi < d, by the processor's 128-by-64 division where there is one.
-inline u64 rest128(u64 hi, u64 lo, u64 d) {
-#if defined(__x86_64__)
-    u64 q, r;
-    __asm__("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi), "rm"(d) : "cc");
-    (void)q;
-    return r;
-#else
-    return u64(((u128(hi) << 64) | lo) % d);
-#endif
-}
-
 // ---- the order of 2 modulo a q of any size, through GMP ----------------------------------------
 
 // Scratch numbers of the calling thread, initialised once and grown by GMP as needed.
@@ -224,7 +212,10 @@ struct QuadratMasken {
         if (quadratrest(64, 65)) m65b = 1;
     }
 };
-const QuadratMasken kQuadrat;
+const QuadratMasken& quadrat_masken() {
+    static const QuadratMasken m;
+    return m;
+}
 
 u32 falte_hash(u32 x, Long k, bool mit_xor) {
     if (k <= 0) return 0;
@@ -311,11 +302,12 @@ Long aDivMod2(Long x, Long* rest) {
 
 Long aMayBeQuadrat32(Long x) {
     const u32 v = w32(x);
-    if (((kQuadrat.m64 >> (v & 63)) & 1) == 0) return 0;
-    if (((kQuadrat.m63 >> (v % 63)) & 1) == 0) return 0;
+    const QuadratMasken& q = quadrat_masken();
+    if (((q.m64 >> (v & 63)) & 1) == 0) return 0;
+    if (((q.m63 >> (v % 63)) & 1) == 0) return 0;
     const u32 r65 = v % 65;
-    if (r65 < 64 ? ((kQuadrat.m65a >> r65) & 1) == 0 : kQuadrat.m65b == 0) return 0;
-    if (((kQuadrat.m11 >> (v % 11)) & 1) == 0) return 0;
+    if (r65 < 64 ? ((q.m65a >> r65) & 1) == 0 : q.m65b == 0) return 0;
+    if (((q.m11 >> (v % 11)) & 1) == 0) return 0;
     return -1;
 }
 
@@ -351,12 +343,14 @@ Long aMersenneTeiler32(Long q, Long limit) {
 
 Long aMersenneTeilerDec(const DecimalSatz* q, Long limit) {
     if (limit <= 0) return 0;
+    if (q->Hi32 == 0) return Long(ordnung2_64(u64(dec_betrag(q)), u32(limit)));
     dec_nach_mpz(gr.q, q);
     return Long(ordnung2_gross(u32(limit)));
 }
 
 Long aMersenneTeilerHyp(Long* q, Long* /*qKopie*/, Long limit) {
     if (limit <= 0) return 0;
+    if (anzahl(q) <= 2) return Long(ordnung2_64(u64(hyp_lesen128(q)), u32(limit)));
     hyp_nach_mpz(gr.q, q);
     return Long(ordnung2_gross(u32(limit)));
 }
@@ -371,12 +365,14 @@ Long aMersTeilerMaxReduce32(Long x) {
 
 Long aMersTeilerMaxReduceDec(DecimalSatz* q, Long limit) {
     if (limit <= 0) return 0;
+    if (q->Hi32 == 0) return Long(max_reduce64(u64(dec_betrag(q)), u32(limit)));
     dec_nach_mpz(gr.q, q);
     return Long(max_reduce_gross(u32(limit)));
 }
 
 Long aMersTeilerMaxReduceHyp(Long* q, Long limit) {
     if (limit <= 0) return 0;
+    if (anzahl(q) <= 2) return Long(max_reduce64(u64(hyp_lesen128(q)), u32(limit)));
     hyp_nach_mpz(gr.q, q);
     return Long(max_reduce_gross(u32(limit)));
 }

@@ -32,7 +32,10 @@ struct ProbeTabelle {
         }
     }
 };
-const ProbeTabelle kProben;
+const ProbeTabelle& proben() {
+    static const ProbeTabelle t;  // built on first use, whatever the order of static start-up
+    return t;
+}
 
 u64 ggt64(u64 a, u64 b) {
     while (b != 0) {
@@ -99,20 +102,24 @@ u32 modpot32(u32 b, u64 e, u32 m) {
     if (m < 2) return 0;
     const Barrett br(m);
     // Right to left: the squares form the one dependent chain, the multiplications into the
-    // result overlap with it. Below 2^31 the values may stay in [0, 2m) between steps
-    // (4m^2 < 2^64), which saves the compare in the chain.
+    // result hang off it and are taken by a mask, since a branch on random exponent bits would
+    // be mispredicted every other round. The round count is the exponent's length rounded up
+    // to a multiple of 8: the loop exit is then predicted, and the processor can start on the
+    // next call while this one's chain of squares is still running. Below 2^31 the values may
+    // stay in [0, 2m) between steps (4m^2 < 2^64), which keeps the compare out of the chain.
+    const int runden = e == 0 ? 0 : ((64 - __builtin_clzll(e)) + 7) & ~7;
     u64 basis = br.ganz(b), erg = 1;
     if (m < 0x80000000u) {
-        while (e != 0) {
-            if (e & 1) erg = br.halb(erg * basis);
-            e >>= 1;
-            if (e != 0) basis = br.halb(basis * basis);
+        for (int i = 0; i < runden; ++i, e >>= 1) {
+            const u64 maske = 0 - (e & 1);
+            erg = (br.halb(erg * basis) & maske) | (erg & ~maske);
+            basis = br.halb(basis * basis);
         }
     } else {
-        while (e != 0) {
-            if (e & 1) erg = br.ganz(erg * basis);
-            e >>= 1;
-            if (e != 0) basis = br.ganz(basis * basis);
+        for (int i = 0; i < runden; ++i, e >>= 1) {
+            const u64 maske = 0 - (e & 1);
+            erg = (br.ganz(erg * basis) & maske) | (erg & ~maske);
+            basis = br.ganz(basis * basis);
         }
     }
     return u32(br.ganz(erg));
@@ -151,8 +158,9 @@ int faktorisiere32(u32 n, Faktor* aus) {
         aus[anz++] = Faktor{2, zweier};
         n >>= zweier;
     }
-    for (int i = 0; i < kProben.n && n > 1; ++i) {
-        const Probe& pr = kProben.t[size_t(i)];
+    const ProbeTabelle& tabelle = proben();
+    for (int i = 0; i < tabelle.n && n > 1; ++i) {
+        const Probe& pr = tabelle.t[size_t(i)];
         if (u64(pr.p) * pr.p > n) break;
         if (n * pr.inv <= pr.grenze) {
             int k = 0;
@@ -210,6 +218,231 @@ const std::vector<u32>& kleine_primzahlen() {
         return v;
     }();
     return primzahlen;
+}
+
+}  // namespace zk
+
+// ---- q below 64 bits ----------------------------------------------------------------------
+//
+// Montgomery arithmetic modulo an odd q < 2^64 and trial division of q - 1 by multiplying with
+// 64-bit inverses: the divisor search of wide candidates calls these once per candidate, and
+// they are some ten times faster than the same steps in GMP's general numbers.
+
+namespace zk {
+namespace {
+
+struct Mont64 {
+    u64 m, inv, eins, r2;
+    explicit Mont64(u64 modul) : m(modul) {
+        inv = m;  // Newton: 3 correct bits, doubled five times
+        for (int i = 0; i < 5; ++i) inv *= 2 - m * inv;
+        eins = (0 - m) % m;  // 2^64 mod m
+        r2 = rest128(eins, 0, m);  // 2^128 mod m
+    }
+    // t / 2^64 mod m as hi(t) - hi(u m) with u = lo(t) / m mod 2^64: no 128-bit overflow.
+    u64 redc(u128 t) const {
+        const u64 u = u64(t) * inv;
+        const u64 a = u64(t >> 64), b = u64((u128(u) * m) >> 64);
+        return a >= b ? a - b : a - b + m;
+    }
+    u64 mul(u64 a, u64 b) const { return redc(u128(a) * b); }
+    u64 rein(u64 a) const { return mul(a % m, r2); }
+    u64 pot(u64 basis, u64 e) const {  // basis and result in Montgomery form
+        u64 erg = eins;
+        for (; e != 0; e >>= 1) {
+            if (e & 1) erg = mul(erg, basis);
+            basis = mul(basis, basis);
+        }
+        return erg;
+    }
+};
+
+struct Probe64 {
+    u32 p;
+    u64 inv, grenze;
+};
+
+// The odd primes below 2^16 with their inverses modulo 2^64: x is divisible by p exactly when
+// x * inverse (mod 2^64) is at most floor((2^64-1)/p).
+const std::vector<Probe64>& proben64() {
+    static const std::vector<Probe64> t = [] {
+        std::vector<Probe64> v;
+        for (u32 p : kleine_primzahlen()) {
+            if (p == 2) continue;
+            u64 inv = p;
+            for (int i = 0; i < 5; ++i) inv *= 2 - u64(p) * inv;
+            v.push_back(Probe64{p, inv, ~u64(0) / p});
+        }
+        return v;
+    }();
+    return t;
+}
+
+bool ist_prim64(u64 n) {
+    if (n < 0x100000000ull) return ist_prim32(u32(n));
+    if ((n & 1) == 0) return false;
+    // Miller-Rabin with these seven bases decides every n below 2^64.
+    const Mont64 mo(n);
+    u64 d = n - 1;
+    const int s = __builtin_ctzll(d);
+    d >>= s;
+    const u64 minus1 = mo.rein(n - 1);
+    for (u64 a : {2ull, 325ull, 9375ull, 28178ull, 450775ull, 9780504ull, 1795265022ull}) {
+        const u64 am = a % n;
+        if (am == 0) continue;
+        u64 x = mo.pot(mo.rein(am), d);
+        if (x == mo.eins || x == minus1) continue;
+        bool zeuge = true;
+        for (int i = 1; i < s && zeuge; ++i) {
+            x = mo.mul(x, x);
+            if (x == minus1) zeuge = false;
+        }
+        if (zeuge) return false;
+    }
+    return true;
+}
+
+// A non-trivial factor of the odd composite n < 2^64 by Pollard's rho with Brent's cycle
+// finding, in Montgomery form; the gcd is taken once per 128 steps.
+u64 rho_faktor64(u64 n) {
+    const Mont64 mo(n);
+    for (u64 c = 1;; ++c) {
+        const u64 cm = mo.rein(c);
+        auto f = [&](u64 x) {
+            const u64 s = mo.mul(x, x) + cm;
+            return (s >= n || s < cm) ? s - n : s;
+        };
+        u64 y = mo.rein(2), x = y, ys = y, q = mo.eins, g = 1;
+        for (u64 r = 1; g == 1; r *= 2) {
+            x = y;
+            for (u64 i = 0; i < r; ++i) y = f(y);
+            for (u64 k = 0; k < r && g == 1; k += 128) {
+                ys = y;
+                const u64 grenze = std::min<u64>(128, r - k);
+                for (u64 i = 0; i < grenze; ++i) {
+                    y = f(y);
+                    q = mo.mul(q, x > y ? x - y : y - x);
+                }
+                g = ggt64(q, n);
+            }
+        }
+        if (g == n) {  // the batch overshot: step singly from its start
+            do {
+                ys = f(ys);
+                g = ggt64(x > ys ? x - ys : ys - x, n);
+            } while (g == 1);
+        }
+        if (g != n) return g;
+    }
+}
+
+// The distinct prime factors of n (no factor below 2^16, n > 1) into aus; returns the count.
+int zerlege64(u64 n, u64* aus, int anz) {
+    if (n < (u64(1) << 32) || ist_prim64(n)) {
+        for (int i = 0; i < anz; ++i) {
+            if (aus[i] == n) return anz;
+        }
+        aus[anz++] = n;
+        return anz;
+    }
+    const u64 d = rho_faktor64(n);
+    anz = zerlege64(d, aus, anz);
+    return zerlege64(n / d, aus, anz);
+}
+
+}  // namespace
+
+u32 ordnung2_64(u64 q, u32 grenze) {
+    if (grenze == 0 || q < 3 || (q & 1) == 0) return 0;
+    if (q <= 0xFFFFFFFFull) {
+        const u32 o = ordnung2_32(u32(q));
+        return o <= grenze ? o : 0;
+    }
+    // q - 1 = S * C, S made of the primes up to B = min(grenze, 2^16), C of larger ones. A
+    // prime above grenze cannot divide an order of at most grenze.
+    Faktor faktoren[64];
+    int anz = 0;
+    u64 c = q - 1, s = 1;
+    const int zweier = __builtin_ctzll(c);
+    c >>= zweier;
+    faktoren[anz++] = Faktor{2, zweier};
+    for (int i = 0; i < zweier; ++i) s *= 2;
+    const u32 B = std::min<u32>(grenze, 65535);
+    bool c_prim = false;  // known to be 1 or a prime
+    for (const Probe64& pr : proben64()) {
+        if (pr.p > B) break;
+        if (u64(pr.p) * pr.p > c) {
+            c_prim = true;
+            break;
+        }
+        if (c * pr.inv <= pr.grenze) {
+            int k = 0;
+            do {
+                c *= pr.inv;
+                s *= pr.p;
+                ++k;
+            } while (c * pr.inv <= pr.grenze);
+            faktoren[anz++] = Faktor{pr.p, k};
+        }
+    }
+    if (c_prim && c > 1 && c <= B) {  // the last small prime itself
+        faktoren[anz++] = Faktor{u32(c), 1};
+        s *= c;
+        c = 1;
+    }
+    const Mont64 mo(q);
+    const u64 zwei = mo.rein(2);
+    const u64 y = mo.pot(zwei, s);
+    u64 r = 1;
+    if (y != mo.eins) {
+        // y's order is the part of the order made of primes above B; as B^2 > grenze it is
+        // one prime r dividing C.
+        if (grenze <= B || c == 1) return 0;
+        if (c <= grenze) {
+            r = c;  // below 2^31, without factors below 2^16: prime
+            if (mo.pot(y, r) != mo.eins) return 0;
+        } else {
+            // C above grenze: r is one of its prime factors, all above 2^16, so C has at
+            // most four; rho finds them quickly, and each one up to grenze is tried.
+            if (c_prim || c < (u64(1) << 32)) return 0;
+            u64 primfaktoren[4];
+            const int n = zerlege64(c, primfaktoren, 0);
+            r = 0;
+            for (int i = 0; i < n && r == 0; ++i) {
+                if (primfaktoren[i] <= grenze && mo.pot(y, primfaktoren[i]) == mo.eins) r = primfaktoren[i];
+            }
+            if (r == 0) return 0;
+        }
+    }
+    // The order is r * t with t | S: divide S's primes out while 2^(r t / p) stays 1.
+    u64 o = s * r;
+    for (int i = 0; i < anz; ++i) {
+        for (int j = 0; j < faktoren[i].k; ++j) {
+            if (mo.pot(zwei, o / faktoren[i].p) != mo.eins) break;
+            o /= faktoren[i].p;
+        }
+    }
+    return o <= grenze ? u32(o) : 0;
+}
+
+u32 max_reduce64(u64 q, u32 grenze) {
+    if (q < 3) return 0;
+    u64 x = (q - 1) >> __builtin_ctzll(q - 1);
+    u32 groesster = 1;
+    for (const Probe64& pr : proben64()) {
+        if (x == 1) break;
+        if (u64(pr.p) * pr.p > x) {  // what is left is prime
+            return x > grenze ? grenze : u32(std::max<u64>(x, groesster));
+        }
+        if (x * pr.inv <= pr.grenze) {
+            do {
+                x *= pr.inv;
+            } while (x * pr.inv <= pr.grenze);
+            groesster = pr.p;
+        }
+    }
+    if (x == 1) return std::min(groesster, grenze);
+    return x <= grenze ? u32(x) : grenze;  // no factor below 2^16: x < 2^32 is prime
 }
 
 }  // namespace zk

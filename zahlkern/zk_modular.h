@@ -10,12 +10,38 @@
 
 namespace zk {
 
+// (hi 2^64 + lo) mod d for hi < d, by the processor's 128-by-64 division where there is one
+// (the compiler's generic 128-bit remainder is a library call several times as long).
+inline u64 rest128(u64 hi, u64 lo, u64 d) {
+#if defined(__x86_64__)
+    u64 q, r;
+    __asm__("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi), "rm"(d) : "cc");
+    (void)q;
+    return r;
+#else
+    return u64(((u128(hi) << 64) | lo) % d);
+#endif
+}
+
 // Reduction modulo m (2 <= m < 2^32) by one high multiply with floor((2^64-1)/m) instead of
 // a division: x - floor(x*v/2^64)*m is below 2m for every x < 2^64.
 struct Barrett {
     u64 m;
     u64 v;
-    explicit Barrett(u32 modul) : m(modul), v(~u64(0) / modul) {}
+    explicit Barrett(u32 modul) : m(modul), v(kehrwert(modul)) {}
+    // floor((2^64-1)/m) by two 32-bit divisions: a 64-bit division takes several times as
+    // long on the processors we measured, and it would be a third of a modular power.
+    static u64 kehrwert(u32 modul) {
+        const u32 hoch = 0xFFFFFFFFu / modul, rest = 0xFFFFFFFFu % modul;
+#if defined(__x86_64__)
+        u32 tief, r2;
+        __asm__("divl %4" : "=a"(tief), "=d"(r2) : "a"(0xFFFFFFFFu), "d"(rest), "rm"(modul) : "cc");
+        (void)r2;
+#else
+        const u32 tief = u32(((u64(rest) << 32) | 0xFFFFFFFFu) / modul);
+#endif
+        return (u64(hoch) << 32) | tief;
+    }
     u64 halb(u64 x) const { return x - u64((u128(x) * v) >> 64) * m; }  // below 2m
     u64 ganz(u64 x) const {
         const u64 r = halb(x);
@@ -41,5 +67,16 @@ u32 ordnung2_32(u32 q);
 
 // The primes below 2^16, built once.
 const std::vector<u32>& kleine_primzahlen();
+
+}  // namespace zk
+
+namespace zk {
+
+// The order of 2 modulo odd q < 2^64 if it is at most grenze (< 2^31), else 0: the word
+// path of aMersenneTeilerDec/Hyp for q below 64 bits.
+u32 ordnung2_64(u64 q, u32 grenze);
+
+// The bound of aMersTeilerMaxReduceDec/Hyp for q below 64 bits.
+u32 max_reduce64(u64 q, u32 grenze);
 
 }  // namespace zk

@@ -364,28 +364,33 @@ TEST(HypHalter, WaechstMitInhalt) {
 }
 
 #ifndef NDEBUG
+namespace {
+
+void ueberlaufAdd() {
+    sw::Hyp h(1);
+    h[1] = -1;
+    aAddHyp32(h, 1);
+}
+
+void ueberlaufMul() {
+    sw::Hyp t(3);
+    const sw::Hyp a = wert(0xFFFFFFFFFFull);
+    aMulHypHyp(t, a, a);
+}
+
+void ueberlaufShift() {
+    sw::Hyp h(1);
+    h[1] = 3;
+    aShiftLeftHyp(h, 40);
+}
+
+}  // namespace
+
 TEST(HypRaumDeathTest, UeberlaufNenntDieFunktion) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(
-        {
-            sw::Hyp h(1);
-            h[1] = -1;
-            aAddHyp32(h, 1);
-        },
-        "aAddHyp32");
-    EXPECT_DEATH(
-        {
-            sw::Hyp t(3), a = wert(0xFFFFFFFFFFull), b = wert(0xFFFFFFFFFFull);
-            aMulHypHyp(t, a, b);
-        },
-        "aMulHypHyp");
-    EXPECT_DEATH(
-        {
-            sw::Hyp h(1);
-            h[1] = 3;
-            aShiftLeftHyp(h, 40);
-        },
-        "aShiftLeftHyp");
+    EXPECT_DEATH(ueberlaufAdd(), "aAddHyp32");
+    EXPECT_DEATH(ueberlaufMul(), "aMulHypHyp");
+    EXPECT_DEATH(ueberlaufShift(), "aShiftLeftHyp");
     // Within the room nothing stops.
     sw::Hyp ok(2);
     ok[1] = -1;

@@ -212,6 +212,60 @@ TEST(KernMersenne, BreiteTeilerUndSchranke) {
     }
 }
 
+TEST(KernMersenne, KleineOrdnungenUeber32Bit) {
+    // Primes q = k n + 1 above 2^32 with 2^n = 1 mod q, so that the order of 2 divides n and
+    // lies within the 31-bit limits of the kernels. The reference divides n's primes out.
+    Mpz q, r, zwei, e;
+    mpz_set_ui(zwei.z, 2);
+    int faelle = 0;
+    for (int runde = 0; runde < 40 && faelle < 25 / kFaktor + 3; ++runde) {
+        const uint64_t n = (uint64_t(zufallsWort()) % (1u << 26)) + (1u << 24);
+        for (uint64_t k = ((1ull << 32) / n + 2) & ~1ull; k < (1ull << 32) / n + 3000; k += 2) {
+            mpz_set_ui(q.z, (unsigned long)(k * n + 1));
+            mpz_set_ui(e.z, (unsigned long)n);
+            mpz_powm(r.z, zwei.z, e.z, q.z);
+            if (mpz_cmp_ui(r.z, 1) != 0 || mpz_probab_prime_p(q.z, 30) == 0) continue;
+            uint64_t ordnung = n, rest = n;
+            for (uint64_t p = 2; p * p <= rest || rest > 1; ++p) {
+                if (p * p > rest) p = rest;
+                if (rest % p != 0) continue;
+                while (rest % p == 0) rest /= p;
+                while (ordnung % p == 0) {
+                    mpz_set_ui(e.z, (unsigned long)(ordnung / p));
+                    mpz_powm(r.z, zwei.z, e.z, q.z);
+                    if (mpz_cmp_ui(r.z, 1) != 0) break;
+                    ordnung /= p;
+                }
+            }
+            const uint64_t qq = k * n + 1;
+            DecimalSatz d = decAus(qq);
+            ASSERT_EQ(uint64_t(uint32_t(aMersenneTeilerDec(&d, 2147483647))), ordnung) << qq;
+            ASSERT_EQ(uint64_t(uint32_t(aMersenneTeilerDec(&d, int32_t(ordnung)))), ordnung) << qq;
+            ASSERT_EQ(aMersenneTeilerDec(&d, int32_t(ordnung - 1)), 0) << qq;
+            // The same q as a Hyp with an extra zero word goes through GMP's numbers.
+            sw::Hyp h(3);
+            h[0] = 3;
+            h[1] = int32_t(uint32_t(qq));
+            h[2] = int32_t(uint32_t(qq >> 32));
+            h[3] = 0;
+            ASSERT_EQ(uint64_t(uint32_t(aMersenneTeilerHyp(h, h, 2147483647))), ordnung) << qq;
+            // The bound keeps every prime that divides the order (a prime exponent's candidate).
+            uint64_t groesster = 1, x = ordnung >> __builtin_ctzll(ordnung);
+            for (uint64_t p = 3; p * p <= x; p += 2) {
+                while (x % p == 0) {
+                    x /= p;
+                    groesster = p;
+                }
+            }
+            groesster = std::max(groesster, x);
+            EXPECT_GE(uint64_t(uint32_t(aMersTeilerMaxReduceDec(&d, 2147483647))), groesster) << qq;
+            ++faelle;
+            break;
+        }
+    }
+    EXPECT_GT(faelle, 2);
+}
+
 TEST(KernMersenne, StartOffsetTabelle) {
     // Rows: prime, residue, step, long step. The third row wraps to 0; the rows behind it
     // must still move.
