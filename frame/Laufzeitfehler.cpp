@@ -9,6 +9,7 @@ std::string FehlerBeschreibung(int nummer) {
         case FehlerDivisionDurchNull: return "Division durch Null";
         case FehlerTypenUnvertraeglich: return "Typen unverträglich";
         case FehlerDateiNichtGefunden: return "Datei nicht gefunden";
+        case FehlerZugriffVerweigert: return "Zugriff verweigert";
         default: return "";
     }
 }

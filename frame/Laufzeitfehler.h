@@ -16,6 +16,7 @@ enum FehlerNummer : int {
     FehlerDivisionDurchNull = 11,
     FehlerTypenUnvertraeglich = 13,
     FehlerDateiNichtGefunden = 53,
+    FehlerZugriffVerweigert = 70,
 };
 
 class Laufzeitfehler : public std::runtime_error {

@@ -10,6 +10,26 @@ void info(const std::string& titel, const std::string& text) {
     UI().Meldung(titel, text, MeldungsSymbol::Information, MeldungsKnoepfe::OK);
 }
 std::string nummer(const Laufzeitfehler& f) { return std::to_string(f.Nummer()); }
+
+// The error boxes are shown by handlers that have just caught a run-time error. Should the
+// text table itself be unreadable, they must not throw a second one out of the handler:
+// they show why the text is missing, and the error they were asked to show.
+std::string textOderGrund(int key) {
+    try {
+        return Text(key);
+    } catch (const Laufzeitfehler& e) {
+        return e.Beschreibung();
+    }
+}
+
+// Text key with the error's number and description as #P1 and #P2.
+std::string mitFehler(int key, const Laufzeitfehler& fehler) {
+    try {
+        return TextP1P2(key, nummer(fehler), fehler.Beschreibung());
+    } catch (const Laufzeitfehler& e) {
+        return e.Beschreibung() + "\nNr.: " + nummer(fehler) + " " + fehler.Beschreibung();
+    }
+}
 }  // namespace
 
 void MsgInfo(int key) { info("SW - Info", Text(key)); }
@@ -24,7 +44,7 @@ int MsgFrage(int key) {
 }
 
 std::string FehlerText(int key, const Laufzeitfehler& fehler) {
-    return Text(key) + "\n" + "Nr.: " + nummer(fehler) + " " + fehler.Beschreibung();
+    return textOderGrund(key) + "\n" + "Nr.: " + nummer(fehler) + " " + fehler.Beschreibung();
 }
 
 void MsgFehler(int key, const Laufzeitfehler& fehler) {
@@ -32,11 +52,11 @@ void MsgFehler(int key, const Laufzeitfehler& fehler) {
 }
 
 void MsgSpeicher(const Laufzeitfehler& fehler) {
-    info("SW - Memory", TextP1P2(204, nummer(fehler), fehler.Beschreibung()));
+    info("SW - Memory", mitFehler(204, fehler));
 }
 
 void MsgLimit(const Laufzeitfehler& fehler) {
-    info("SW - Limit", TextP1P2(205, nummer(fehler), fehler.Beschreibung()));
+    info("SW - Limit", mitFehler(205, fehler));
 }
 
 void MsgNichtImplementiert() { info("SW - Not implemented", Text(203)); }

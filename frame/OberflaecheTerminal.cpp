@@ -10,15 +10,19 @@
 namespace sw {
 
 namespace {
+// Ctrl-C presses so far, and how many of them DoEvents has passed on to Abbruch. The count
+// is never reset: a job that yields but does not test Abbruch (the primary sieves) must not
+// swallow the second press, which ends the program whatever runs.
 volatile std::sig_atomic_t strgCGedrueckt = 0;
+std::sig_atomic_t strgCWeitergegeben = 0;
 
 extern "C" void beiStrgC(int) {
-    if (strgCGedrueckt) {
+    if (strgCGedrueckt > 0) {
         std::signal(SIGINT, SIG_DFL);
         std::raise(SIGINT);
         return;
     }
-    strgCGedrueckt = 1;
+    strgCGedrueckt = strgCGedrueckt + 1;
 }
 
 // Message texts may carry line breaks; on a terminal they read best as one line each.
@@ -51,8 +55,8 @@ int OberflaecheTerminal::Meldung(const std::string& titel, const std::string& te
 }
 
 void OberflaecheTerminal::DoEvents() {
-    if (strgCGedrueckt) {
-        strgCGedrueckt = 0;
+    if (strgCGedrueckt != strgCWeitergegeben) {
+        strgCWeitergegeben = strgCGedrueckt;
         Abbruch = true;
     }
 }

@@ -18,7 +18,8 @@ struct SpeicherStand {
 };
 
 SpeicherStand SpeicherLesen();
-// Whole gigabytes as "n GB ", else whole megabytes as "n MB" (numbers through ZahlFormat).
+// Whole gigabytes as "n GB ", then the whole megabytes left as "m MB" ("15 GB 820 MB",
+// "512 MB"); numbers through ZahlFormat.
 std::string GroesseText(uint64_t bytes);
 
 }  // namespace sw

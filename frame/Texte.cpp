@@ -3,30 +3,19 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <fstream>
+#include <initializer_list>
 #include <sstream>
 
 #include "frame/Pfade.h"
 #include "frame/Version.h"
 #include "frame/Zahlformat.h"
+#include "frame/Zeichenketten.h"
 
 namespace sw {
 
 namespace {
-
-std::string trimmen(const std::string& s) {
-    size_t a = s.find_first_not_of(" \t\r\n");
-    if (a == std::string::npos) return "";
-    size_t b = s.find_last_not_of(" \t\r\n");
-    return s.substr(a, b - a + 1);
-}
-
-std::string rechtsTrimmen(const std::string& s) {
-    size_t b = s.find_last_not_of(" \t\r\n");
-    return b == std::string::npos ? "" : s.substr(0, b + 1);
-}
 
 bool gueltigesUtf8(const std::string& s) {
     size_t i = 0, n = s.size();
@@ -77,14 +66,14 @@ const std::vector<std::string>& texZeilen() {
     static TexCache cache;
     std::string pfad = TexDateiPfad();
     struct stat st {};
-    if (::stat(pfad.c_str(), &st) != 0) {
+    if (::stat(pfad.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) {
         throw Laufzeitfehler(FehlerDateiNichtGefunden, "Datei nicht gefunden: " + pfad);
     }
     long long zeit = static_cast<long long>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
     if (pfad == cache.pfad && st.st_size == cache.groesse && zeit == cache.zeit) return cache.zeilen;
 
     std::ifstream f(pfad, std::ios::binary);
-    if (!f) throw Laufzeitfehler(FehlerDateiNichtGefunden, "Datei nicht gefunden: " + pfad);
+    if (!f) throw Laufzeitfehler(FehlerZugriffVerweigert, "Zugriff verweigert: " + pfad);
     std::stringstream ss;
     ss << f.rdbuf();
     std::string inhalt = ss.str();
@@ -110,32 +99,40 @@ const std::vector<std::string>& texZeilen() {
 
 bool numerisch(const std::string& s, double& wert) { return IstNumerisch(s, &wert); }
 
+// Replaces every mark of the list in one pass, ignoring case (ASCII), so that what one
+// replacement puts in (a parameter typed by the user) is never taken for another mark.
+std::string ersetzen(const std::string& text, std::initializer_list<std::pair<std::string, std::string>> marken) {
+    // Folding keeps every byte in place, so positions in k are positions in text.
+    std::vector<std::pair<std::string, const std::string*>> m;
+    for (const auto& [mark, ersatz] : marken) {
+        if (!mark.empty()) m.emplace_back(Klein(mark), &ersatz);
+    }
+    const std::string k = Klein(text);
+    std::string ergebnis;
+    size_t i = 0;
+    while (i < text.size()) {
+        bool ersetzt = false;
+        for (const auto& [mark, ersatz] : m) {
+            if (k.compare(i, mark.size(), mark) == 0) {
+                ergebnis += *ersatz;
+                i += mark.size();
+                ersetzt = true;
+                break;
+            }
+        }
+        if (!ersetzt) ergebnis += text[i++];
+    }
+    return ergebnis;
+}
+
 std::string platzhalterErsetzen(std::string text) {
-    text = ErsetzenOhneGross(text, "#V", VersionText());
-    return ErsetzenOhneGross(text, "#CR", "\n");
+    return ersetzen(text, {{"#V", VersionText()}, {"#CR", "\n"}});
 }
 
 }  // namespace
 
 std::string ErsetzenOhneGross(std::string text, const std::string& mark, const std::string& ersatz) {
-    if (mark.empty()) return text;
-    auto klein = [](std::string s) {
-        for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        return s;
-    };
-    std::string m = klein(mark);
-    std::string ergebnis;
-    size_t i = 0;
-    std::string k = klein(text);
-    while (i < text.size()) {
-        if (k.compare(i, m.size(), m) == 0) {
-            ergebnis += ersatz;
-            i += m.size();
-        } else {
-            ergebnis += text[i++];
-        }
-    }
-    return ergebnis;
+    return ersetzen(text, {{mark, ersatz}});
 }
 
 std::string VersionText() {
@@ -145,7 +142,7 @@ std::string VersionText() {
 
 std::string Text(int key) {
     for (const std::string& roh : texZeilen()) {
-        std::string zeile = trimmen(roh);
+        std::string zeile = Trimmen(roh);
         if (zeile.empty() || zeile[0] == ';') continue;
         size_t gleich = zeile.find('=');
         if (gleich == std::string::npos) continue;
@@ -153,9 +150,9 @@ std::string Text(int key) {
         if (!numerisch(zeile.substr(0, gleich), nummer)) continue;
         if (nummer > key) return "";
         if (nummer == key) {
-            std::string wert = rechtsTrimmen(zeile.substr(gleich + 1));
+            std::string wert = RechtsTrimmen(zeile.substr(gleich + 1));
             size_t strich = wert.find('|');
-            if (strich != std::string::npos) wert = rechtsTrimmen(wert.substr(0, strich));
+            if (strich != std::string::npos) wert = RechtsTrimmen(wert.substr(0, strich));
             return platzhalterErsetzen(wert);
         }
     }
@@ -169,7 +166,7 @@ std::string TextP1(int key, long long p1) { return TextP1(key, std::to_string(p1
 std::string TextP1Zahl(int key, const Decimal& zahl) { return TextP1(key, ZahlFormat(zahl)); }
 
 std::string TextP1P2(int key, const std::string& p1, const std::string& p2) {
-    return ErsetzenOhneGross(TextP1(key, p1), "#P2", p2);
+    return ersetzen(Text(key), {{"#P1", p1}, {"#P2", p2}});
 }
 
 std::vector<int32_t> TextListe(int key) {
@@ -178,7 +175,7 @@ std::vector<int32_t> TextListe(int key) {
     size_t start = 0;
     while (start <= text.size()) {
         size_t ende = text.find(';', start);
-        std::string teil = trimmen(text.substr(start, ende == std::string::npos ? std::string::npos : ende - start));
+        std::string teil = Trimmen(text.substr(start, ende == std::string::npos ? std::string::npos : ende - start));
         if (!teil.empty()) liste.push_back(TextZuLong(teil));
         if (ende == std::string::npos) break;
         start = ende + 1;
@@ -188,24 +185,20 @@ std::vector<int32_t> TextListe(int key) {
 
 std::vector<TextPaar> SektionLesen(const std::string& sektion) {
     std::vector<TextPaar> paare;
-    auto klein = [](std::string s) {
-        for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        return s;
-    };
-    const std::string kopf = klein("[" + sektion + "]");
+    const std::string kopf = Klein("[" + sektion + "]");
     const std::vector<std::string>& zeilen = texZeilen();
     size_t i = 0;
-    while (i < zeilen.size() && klein(zeilen[i]).find(kopf) == std::string::npos) ++i;
+    while (i < zeilen.size() && Klein(zeilen[i]).find(kopf) == std::string::npos) ++i;
     if (i == zeilen.size()) return paare;
     for (++i; i < zeilen.size(); ++i) {
-        std::string zeile = trimmen(zeilen[i]);
+        std::string zeile = Trimmen(zeilen[i]);
         if (!zeile.empty() && zeile[0] == '[') break;
         if (!zeile.empty() && zeile[0] == ';') continue;
         size_t gleich = zeile.find('=');
         if (gleich == std::string::npos) {
             paare.push_back({});
         } else {
-            paare.push_back({trimmen(zeile.substr(0, gleich)), zeile.substr(gleich + 1)});
+            paare.push_back({Trimmen(zeile.substr(0, gleich)), zeile.substr(gleich + 1)});
         }
     }
     return paare;
@@ -220,10 +213,7 @@ std::string SektionTitel(const std::vector<TextPaar>& paare) {
 
 bool SektionWert(const std::vector<TextPaar>& paare, const std::string& key, std::string& wert) {
     for (const TextPaar& p : paare) {
-        if (p.name.size() == key.size() &&
-            std::equal(p.name.begin(), p.name.end(), key.begin(), [](char a, char b) {
-                return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-            })) {
+        if (GleichOhneGross(p.name, key)) {
             wert = p.wert;
             return true;
         }

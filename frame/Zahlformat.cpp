@@ -1,24 +1,19 @@
 #include "frame/Zahlformat.h"
 
+#include <clocale>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
+#include <cstdio>
 
 #include "frame/Meldungen.h"
 #include "frame/Texte.h"
+#include "frame/Zeichenketten.h"
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
 
 namespace sw {
 
 namespace {
-
-std::string trimmen(const std::string& s) {
-    size_t a = s.find_first_not_of(" \t\r\n");
-    if (a == std::string::npos) return "";
-    size_t b = s.find_last_not_of(" \t\r\n");
-    return s.substr(a, b - a + 1);
-}
 
 std::string entfernen(std::string s, const std::string& was) {
     if (was.empty()) return s;
@@ -40,7 +35,7 @@ std::string gruppieren(const std::string& ziffern) {
 }
 
 std::string formatieren(const std::string& v, bool nullenKappen) {
-    std::string s = trimmen(entfernen(v, "."));
+    std::string s = Trimmen(entfernen(v, "."));
     s = entfernen(s, FormatZeichen);
     size_t komma = s.find(DezimalTrenner);
     if (komma != std::string::npos) {
@@ -52,6 +47,7 @@ std::string formatieren(const std::string& v, bool nullenKappen) {
         size_t k = vorne;
         while (k + 1 < s.size() && s[k] == '0') ++k;
         s.erase(vorne, k - vorne);
+        if (s == "-0" || s == "+0") s = "0";  // a negative fraction cut to nothing is zero
     }
     return gruppieren(s);
 }
@@ -80,11 +76,11 @@ std::string ZahlFormatRoh(const std::string& v) { return formatieren(v, false); 
 std::string ZahlFormatLong(int32_t n) { return gruppieren(std::to_string(n)); }
 
 std::string ZahlBereinigt(const std::string& text) {
-    return trimmen(entfernen(entfernen(text, "."), FormatZeichen));
+    return Trimmen(entfernen(entfernen(text, "."), FormatZeichen));
 }
 
 bool IstNumerisch(const std::string& text, double* wert) {
-    std::string t = trimmen(text);
+    std::string t = Trimmen(text);
     size_t i = 0, n = t.size();
     auto ziffern = [&]() {
         size_t a = i;
@@ -105,8 +101,11 @@ bool IstNumerisch(const std::string& text, double* wert) {
     }
     if (i != n) return false;
     if (wert) {
+        // Read in the C locale: the desktop toolkit switches the process to the user's
+        // locale, where plain strtod would stop at the point of "1.5".
+        static const locale_t cLocale = ::newlocale(LC_ALL_MASK, "C", nullptr);
         for (char& c : t) if (c == ',') c = '.';
-        *wert = std::strtod(t.c_str(), nullptr);
+        *wert = ::strtod_l(t.c_str(), nullptr, cLocale);
     }
     return true;
 }

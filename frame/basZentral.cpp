@@ -40,6 +40,17 @@ std::string SqlZaehlKopf = "SELECT Count(*) AS Anzahl FROM t_Prim ";
 int32_t DbSegmentMarke = 2323;
 std::vector<int32_t> MersenneExponenten;
 
+bool StartStopUmschalten(std::string& caption, const std::string& ruheText) {
+    if (caption != "Stop") {
+        caption = "Stop";
+        Abbruch = false;
+        return false;
+    }
+    caption = ruheText;
+    Abbruch = true;
+    return true;
+}
+
 void ZentralZuruecksetzen() {
     Abbruch = false;
     StartZeit = 0;

@@ -55,6 +55,12 @@ extern std::string SqlZaehlKopf;              // "SELECT Count(*) AS Anzahl FROM
 extern int32_t DbSegmentMarke;                // 2323: no database segment is open
 extern std::vector<int32_t> MersenneExponenten; // text key 999: exponents of known Mersenne primes
 
+// A start button is also the stop button. Caption other than "Stop": it becomes "Stop",
+// Abbruch is cleared and the result is false (the job may start). Caption "Stop": it becomes
+// ruheText, Abbruch is set and the result is true (the running job will stop at its next
+// test). The window passes its button's caption in and sets what comes back out.
+bool StartStopUmschalten(std::string& caption, const std::string& ruheText);
+
 // Puts every variable of this module back to its default (start-up and tests).
 void ZentralZuruecksetzen();
 
