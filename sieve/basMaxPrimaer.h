@@ -14,6 +14,9 @@ bool RasterVorsieben();
 void SiebProdukt();
 // Strikes n^2 for the odd n from 13 to PrimaerWurzel.
 void QuadrateStreichen();
+// Strikes every bit of the raster that stands for a number above PrimaerGrenze, so that
+// the words beyond the limit read the same whichever method or file left them.
+void UeberGrenzeStreichen();
 // A raster struck only by the primes up to grenze (frmPrimModify).
 void PrimModifikation(int32_t grenze);
 
