@@ -110,6 +110,7 @@ void Fenster::FensterLaden(const QString& hilfeKey, const QString& icons) {
 }
 
 void Fenster::FensterSpeichern() {
+    IniSammelSchreiben zusammen;  // one rewrite of SW.Ini for all keys of the window
     lageSpeichern();
     steuerwerteSpeichern();
 }
@@ -265,7 +266,7 @@ void Fenster::lageLaden() {
     if (zahlLesen(ini(sektion_, "Left"), links) && zahlLesen(ini(sektion_, "Top"), oben)) {
         // A place on a screen that is no longer attached would hide the window: keep the
         // designed place then.
-        QPoint punkt(int(links), int(oben));
+        const QPoint punkt{int(links), int(oben)};
         if (QGuiApplication::screenAt(punkt + QPoint(20, 20))) move(punkt);
     }
     if (Groessenveraenderlich()) {
@@ -292,16 +293,8 @@ void Fenster::lageSpeichern() {
 }
 
 void Fenster::closeEvent(QCloseEvent* e) {
-    bool schliessen = true;
-    Behandeln([&] {
-        schliessen = SchliessenErlaubt();
-        if (schliessen) FensterSpeichern();
-    });
-    if (schliessen) {
-        e->accept();
-    } else {
-        e->ignore();
-    }
+    Behandeln([this] { FensterSpeichern(); });
+    e->accept();
 }
 
 // ---- icon toolbar ---------------------------------------------------------------------

@@ -50,8 +50,6 @@ public:
 protected:
     // Tags the window handles itself: "Nav0".."Nav5", "Table", "Font", "Open".
     virtual void IconFensterAktion(const QString& tag);
-    // May the window close? The cockpit asks here; false keeps it open.
-    virtual bool SchliessenErlaubt() { return true; }
     // Values beyond the common table (a sort order, ...): read and written with the others.
     virtual void ZusatzwerteLaden() {}
     virtual void ZusatzwerteSpeichern() {}

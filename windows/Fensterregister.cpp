@@ -1,6 +1,5 @@
 #include "windows/Fensterregister.h"
 
-#include <QDialog>
 #include <QWidget>
 
 #include <map>
@@ -22,16 +21,20 @@ FensterFabrik modeless() {
     };
 }
 
-template <typename D>
+// A modal window blocks the input of all others while it stands; the caller goes on, as the
+// window does its work in its own handlers.
+template <typename W>
 FensterFabrik modal() {
-    return [](int, QWidget* cockpit) {
-        D dialog(cockpit);
-        dialog.exec();
+    return [](int modus, QWidget* cockpit) {
+        auto* w = new W(cockpit);
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        w->setWindowModality(Qt::ApplicationModal);
+        w->ShowMe(modus);
     };
 }
 
-const std::map<QString, FensterFabrik>& fabriken() {
-    static const std::map<QString, FensterFabrik> liste{
+std::map<QString, FensterFabrik>& fabriken() {
+    static std::map<QString, FensterFabrik> liste{
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
     };
@@ -57,6 +60,8 @@ const Untersuchung tabelle[UntersuchungAnzahl] = {
 }  // namespace
 
 bool FensterVorhanden(const QString& name) { return fabriken().count(name) > 0; }
+
+void FensterAnmelden(const QString& name, FensterFabrik fabrik) { fabriken()[name] = std::move(fabrik); }
 
 bool FensterOeffnen(const QString& name, int modus, QWidget* cockpit) {
     auto it = fabriken().find(name);

@@ -17,6 +17,8 @@ namespace sw {
 using FensterFabrik = std::function<void(int modus, QWidget* cockpit)>;
 
 bool FensterVorhanden(const QString& name);
+// Adds or replaces the window of a name (the tests put stand-ins here).
+void FensterAnmelden(const QString& name, FensterFabrik fabrik);
 // Opens the window; MsgNichtImplementiert and false when it does not exist yet.
 bool FensterOeffnen(const QString& name, int modus, QWidget* cockpit);
 

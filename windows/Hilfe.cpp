@@ -162,7 +162,7 @@ const std::vector<HilfeSeite>& HilfeSeiten() {
         std::vector<HilfeSeite> liste;
         static const QRegularExpression titelMuster(QStringLiteral("<title>(.*?)</title>"),
                                                     QRegularExpression::DotMatchesEverythingOption);
-        static const QRegularExpression keyMuster(QStringLiteral(R"(<meta\s+name="keywords"\s+content="([^"]*)")"));
+        static const QRegularExpression keyMuster(QStringLiteral(R"re(<meta\s+name="keywords"\s+content="([^"]*)")re"));
         QDir ordner(HilfeOrdner());
         for (const QString& name : ordner.entryList({"*.html"}, QDir::Files, QDir::Name)) {
             QFile f(ordner.filePath(name));
