@@ -12,8 +12,21 @@ Bild::Bild(QWidget* eltern) : QWidget(eltern), bild_(1, 1, QImage::Format_RGB32)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
+QImage& Bild::flaeche() {
+    QSize neu = size().expandedTo(QSize(1, 1));
+    if (neu != bild_.size()) {
+        QImage groesser(neu, QImage::Format_RGB32);
+        groesser.fill(hintergrund_);
+        QPainter p(&groesser);
+        p.drawImage(0, 0, bild_);
+        p.end();
+        bild_ = groesser;
+    }
+    return bild_;
+}
+
 void Bild::Leeren() {
-    bild_.fill(hintergrund_);
+    flaeche().fill(hintergrund_);
     update();
 }
 
@@ -23,14 +36,14 @@ void Bild::HintergrundSetzen(const QColor& farbe) {
 }
 
 void Bild::Linie(int x1, int y1, int x2, int y2, const QColor& farbe) {
-    QPainter p(&bild_);
+    QPainter p(&flaeche());
     p.setPen(farbe);
     p.drawLine(x1, y1, x2, y2);
     update();
 }
 
 void Bild::Rechteck(int x1, int y1, int x2, int y2, const QColor& farbe, bool gefuellt) {
-    QPainter p(&bild_);
+    QPainter p(&flaeche());
     QRect r = QRect(QPoint(x1, y1), QPoint(x2, y2)).normalized();
     if (gefuellt) {
         p.fillRect(r, farbe);
@@ -42,12 +55,12 @@ void Bild::Rechteck(int x1, int y1, int x2, int y2, const QColor& farbe, bool ge
 }
 
 void Bild::Punkt(int x, int y, const QColor& farbe) {
-    if (bild_.valid(x, y)) bild_.setPixelColor(x, y, farbe);
+    if (flaeche().valid(x, y)) bild_.setPixelColor(x, y, farbe);
     update();
 }
 
 void Bild::Text(int x, int y, const QString& text, const QColor& farbe) {
-    QPainter p(&bild_);
+    QPainter p(&flaeche());
     p.setFont(font());
     p.setPen(farbe);
     p.drawText(QPoint(x, y + QFontMetrics(font()).ascent()), text);
@@ -57,10 +70,10 @@ void Bild::Text(int x, int y, const QString& text, const QColor& farbe) {
 int Bild::TextBreite(const QString& text) const { return QFontMetrics(font()).horizontalAdvance(text); }
 int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 
-bool Bild::Speichern(const QString& pfad) const {
+bool Bild::Speichern(const QString& pfad) {
     QString endung = QFileInfo(pfad).suffix().toUpper();
     const char* format = endung == QLatin1String("PNG") ? "PNG" : "BMP";
-    return bild_.save(pfad, format);
+    return flaeche().save(pfad, format);
 }
 
 void Bild::paintEvent(QPaintEvent*) {
@@ -69,18 +82,10 @@ void Bild::paintEvent(QPaintEvent*) {
     p.drawImage(0, 0, bild_);
 }
 
-// A picture window stretches its surface with the form: the image grows by the difference
-// and keeps what was drawn, so a window that only draws on request loses nothing.
+// A picture window stretches its surface with the form: the image takes the new size and
+// keeps what was drawn, so a window that only draws on request loses nothing.
 void Bild::resizeEvent(QResizeEvent*) {
-    QSize neu = size().expandedTo(QSize(1, 1));
-    if (neu != bild_.size()) {
-        QImage groesser(neu, QImage::Format_RGB32);
-        groesser.fill(hintergrund_);
-        QPainter p(&groesser);
-        p.drawImage(0, 0, bild_);
-        p.end();
-        bild_ = groesser;
-    }
+    flaeche();
     emit GroesseGeaendert(width(), height());
 }
 

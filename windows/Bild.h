@@ -24,9 +24,9 @@ public:
 
     void HintergrundSetzen(const QColor& farbe);
     const QColor& Hintergrund() const { return hintergrund_; }
-    const QImage& Abbild() const { return bild_; }
+    const QImage& Abbild() { return flaeche(); }
     // Saves as BMP or PNG by the ending of the path (BMP when there is none). False on failure.
-    bool Speichern(const QString& pfad) const;
+    bool Speichern(const QString& pfad);
 
     QSize sizeHint() const override { return {400, 300}; }
 
@@ -40,6 +40,9 @@ protected:
     void mousePressEvent(QMouseEvent*) override;
 
 private:
+    // A hidden widget gets its resize event only when shown: drawing first brings the image
+    // to the widget's size.
+    QImage& flaeche();
     QImage bild_;
     QColor hintergrund_{Qt::white};
 };

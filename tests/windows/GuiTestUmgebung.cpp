@@ -1,0 +1,63 @@
+#include "GuiTestUmgebung.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+#include "windows/Dialoge.h"
+
+namespace sw::test {
+
+namespace {
+// The offscreen platform tells of every window feature it lacks; that is noise here.
+void meldungenFiltern(QtMsgType art, const QMessageLogContext& kontext, const QString& text) {
+    if (text.startsWith("This plugin does not support")) return;
+    qt_message_output(art, kontext, text);
+}
+}  // namespace
+
+void GuiTest::SetUpTestSuite() {
+    if (QApplication::instance()) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(meldungenFiltern);
+    static int argc = 1;
+    static char name[] = "sw_tests_windows";
+    static char* argv[] = {name, nullptr};
+    // Lives as long as the program: Qt must not be torn down between tests.
+    static QApplication* app = new QApplication(argc, argv);
+    (void)app;
+}
+
+void GuiTest::SetUp() { SwTest::SetUp(); }
+
+void GuiTest::TearDown() {
+    // Windows that are children of others (a modal window owned by the cockpit, menus) go
+    // with their parent: guarded pointers skip what is already gone.
+    QList<QPointer<QWidget>> fenster;
+    for (QWidget* w : QApplication::topLevelWidgets()) fenster.append(w);
+    for (const QPointer<QWidget>& w : fenster) {
+        if (w && !w->parentWidget()) delete w.data();
+    }
+    QCoreApplication::processEvents();
+    DateiDialogHook = nullptr;
+    FarbDialogHook = nullptr;
+    DruckDialogHook = nullptr;
+    SwTest::TearDown();
+}
+
+int GuiTest::FensterAnzahl(const QString& name) {
+    int n = 0;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->objectName() == name && w->isVisible()) ++n;
+    }
+    return n;
+}
+
+void GuiTest::Aufraeumen() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+std::string GuiTest::Meldungen() const {
+    std::string alle;
+    for (const auto& m : ui.meldungen) alle += "[" + m.titel + "] " + m.text + "\n";
+    return alle;
+}
+
+}  // namespace sw::test
