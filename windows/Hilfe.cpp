@@ -69,6 +69,7 @@ public:
         teiler->setStretchFactor(1, 3);
         setCentralWidget(teiler);
         setWindowTitle("SW - Hilfe");
+        resize(920, 640);
 
         for (const HilfeSeite& s : HilfeSeiten()) {
             auto* item = new QListWidgetItem(s.titel, lstInhalt_);

@@ -20,6 +20,8 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "frame/Meldungen.h"
 #include "frame/Programm.h"
 #include "frame/StoppUhr.h"
@@ -83,6 +85,22 @@ void rasterStimmigMachen() {
     }
 }
 
+// The right column of the cockpit: always as wide as the option pages need, shown or not, so
+// that opening an option page never changes the cockpit's width.
+class OptionenSpalte : public QWidget {
+public:
+    using QWidget::QWidget;
+    QWidget* optionen = nullptr;
+    QSize sizeHint() const override { return breiter(QWidget::sizeHint()); }
+    QSize minimumSizeHint() const override { return breiter(QWidget::minimumSizeHint()); }
+
+private:
+    QSize breiter(QSize s) const {
+        if (optionen) s.setWidth(std::max(s.width(), optionen->sizeHint().width()));
+        return s;
+    }
+};
+
 // "0,85": the seconds of a run as the status line shows them.
 QString sekundenText(double sekunden) { return QString::number(sekunden, 'f', 2).replace('.', DezimalTrenner); }
 
@@ -102,6 +120,7 @@ frmStart::frmStart() : Fenster("frmStart") {
     StoppUhrZeigenHook = &frmStoppUhr::Zeigen;
     StoppUhrZeigen();
     lblHinweis_->setText(q(StartNotiz()).replace("\r\n", "  ").replace('\n', "  ").trimmed());
+    anzeigeFertig(q(Text(583)).trimmed());
     mersenneMenueFuellen();
     optionenAuflisten();
 }
@@ -114,9 +133,11 @@ void frmStart::oberflaecheAufbauen() {
     auto* mitte = new QWidget(this);
     auto* haupt = new QHBoxLayout(mitte);
     auto* links = new QVBoxLayout;
-    auto* rechts = new QVBoxLayout;
+    auto* spalte = new OptionenSpalte(mitte);
+    auto* rechts = new QVBoxLayout(spalte);
+    rechts->setContentsMargins(0, 0, 0, 0);
     haupt->addLayout(links, 0);
-    haupt->addLayout(rechts, 1);
+    haupt->addWidget(spalte, 1);
 
     // The limit, what the raster decides, the status line.
     auto* oben = Benannt(new QGroupBox(mitte), "fraOben");
@@ -129,7 +150,6 @@ void frmStart::oberflaecheAufbauen() {
     gross.setPointSizeF(gross.pointSizeF() * 1.25);
     txtGrenze_->setFont(gross);
     btnHelp_ = Benannt(new QPushButton(oben), "btnHelp");
-    btnHelp_->setIcon(style()->standardIcon(QStyle::SP_DialogHelpButton));
     lblPrimMax_ = Benannt(new QLabel(oben), "lblPrimMax");
     lblPrimMax_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     lblPrimMax_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -180,17 +200,18 @@ void frmStart::oberflaecheAufbauen() {
     links->addLayout(untersuchungen, 1);
 
     // Options, their list, the end question and the memory window.
-    optionen_ = new StartOptionen(mitte);
+    optionen_ = new StartOptionen(spalte);
+    spalte->optionen = optionen_;
     optionen_->hide();
     rechts->addWidget(optionen_);
-    rechts->addWidget(Benannt(new QLabel(mitte), "lblListe"));
-    list1_ = Benannt(new QListWidget(mitte), "List1");
+    rechts->addWidget(Benannt(new QLabel(spalte), "lblListe"));
+    list1_ = Benannt(new QListWidget(spalte), "List1");
     list1_->setMinimumWidth(300);
     list1_->setAlternatingRowColors(true);
     rechts->addWidget(list1_, 1);
     auto* unten = new QHBoxLayout;
-    chkEndeFrage_ = Benannt(new QCheckBox(mitte), "chkEndeFrage");
-    btnAuslastung_ = Benannt(new QPushButton(mitte), "btnAuslastung");
+    chkEndeFrage_ = Benannt(new QCheckBox(spalte), "chkEndeFrage");
+    btnAuslastung_ = Benannt(new QPushButton(spalte), "btnAuslastung");
     unten->addWidget(chkEndeFrage_);
     unten->addStretch(1);
     unten->addWidget(btnAuslastung_);
@@ -456,6 +477,7 @@ void frmStart::OptionenVerwerfen() {
 void frmStart::optionenAuflisten() {
     list1_->clear();
     list1_->addItems(optionen_->Auflistung());
+    list1_->setCurrentRow(-1);
 }
 
 void frmStart::farbeWaehlen(int index) {

@@ -328,8 +328,11 @@ TEST_F(CockpitTest, OptionPagesApplyRefuseAndRestore) {
     Cockpit();
     auto* rahmen = Suche<QGroupBox>("fraOptionen");
     EXPECT_FALSE(rahmen->isVisible());
+    const int breite = cockpit_->width();
     Suche<QAction>("mnuZahlenDarstellung")->trigger();
     EXPECT_TRUE(rahmen->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(cockpit_->width(), breite);  // the cockpit keeps its width with the options open
 
     Suche<QLineEdit>("txtMaxFormatStellen")->setText("9");
     Suche<QPushButton>("btnGO")->click();
