@@ -170,48 +170,69 @@ void Fenster::TexteLaden() {
     }
 }
 
+namespace {
+
+// Which controls keep a value in SW.Ini, and under which key.
+struct Speicherart {
+    enum Art { Keine, Option, SchriftKnopf, Textfeld, Kontrollkaestchen, Farbe, PlusMinus, Auswahl } art = Keine;
+    QString key;
+    int index = -1;  // the option's index in its array
+};
+
+Speicherart speicherartVon(QObject* o) {
+    if (!eigenesSteuer(o)) return {};
+    const QString name = o->objectName();
+    QString basis;
+    int index;
+    NameZerlegen(name, basis, index);
+    if (qobject_cast<QRadioButton*>(o)) {
+        // Only the set button of an array stores, its index under the array's name.
+        return index >= 0 ? Speicherart{Speicherart::Option, basis, index} : Speicherart{};
+    }
+    if (istSchriftKnopf(name)) {
+        auto* b = qobject_cast<QAbstractButton*>(o);
+        return b && b->isCheckable() ? Speicherart{Speicherart::SchriftKnopf, schriftKey(name)} : Speicherart{};
+    }
+    if (qobject_cast<QLineEdit*>(o)) return {Speicherart::Textfeld, name};
+    if (qobject_cast<QCheckBox*>(o)) return {Speicherart::Kontrollkaestchen, name};
+    if (qobject_cast<QLabel*>(o)) {
+        if (basis.compare("lblCol", Qt::CaseInsensitive) == 0) return {Speicherart::Farbe, name};
+        if (basis.compare("lblPlusMinus", Qt::CaseInsensitive) == 0) return {Speicherart::PlusMinus, name};
+        return {};
+    }
+    if (qobject_cast<QComboBox*>(o) &&
+        (name.contains("Size", Qt::CaseInsensitive) || name.contains("Font", Qt::CaseInsensitive))) {
+        return {Speicherart::Auswahl, name};
+    }
+    return {};
+}
+
+}  // namespace
+
 void Fenster::steuerwerteLaden() {
     const QList<QObject*> alle = findChildren<QObject*>();
     for (QObject* o : alle) {
-        if (!eigenesSteuer(o)) continue;
-        const QString name = o->objectName();
-        if (auto* r = qobject_cast<QRadioButton*>(o)) {
-            QString basis;
-            int index;
-            NameZerlegen(name, basis, index);
-            QString wert = ini(sektion_, basis);
-            if (!wert.isEmpty() && index >= 0 && wert.trimmed().toInt() == index) r->setChecked(true);
-            continue;
-        }
-        if (istSchriftKnopf(name)) {
-            if (auto* b = qobject_cast<QAbstractButton*>(o); b && b->isCheckable()) {
-                QString wert = ini(sektion_, schriftKey(name));
-                long long v;
-                if (zahlLesen(wert, v)) b->setChecked(v != 0);
-            }
-            continue;
-        }
-        QString wert = ini(sektion_, name);
-        if (wert.isEmpty()) continue;
-        if (auto* t = qobject_cast<QLineEdit*>(o)) {
-            t->setText(q(TextfeldLadewert(s(wert))));
-        } else if (auto* c = qobject_cast<QCheckBox*>(o)) {
-            long long v;
-            if (zahlLesen(wert, v)) c->setChecked(v != 0);
-        } else if (auto* l = qobject_cast<QLabel*>(o)) {
-            QString basis;
-            int index;
-            NameZerlegen(name, basis, index);
-            long long v;
-            if (basis.compare("lblCol", Qt::CaseInsensitive) == 0 && zahlLesen(wert, v)) {
-                HintergrundFarbeSetzen(l, v);
-            } else if (basis.compare("lblPlusMinus", Qt::CaseInsensitive) == 0) {
-                l->setText(wert);
-            }
-        } else if (auto* cb = qobject_cast<QComboBox*>(o)) {
-            if (name.contains("Size", Qt::CaseInsensitive) || name.contains("Font", Qt::CaseInsensitive)) {
-                cb->setCurrentText(wert);
-            }
+        const Speicherart art = speicherartVon(o);
+        if (art.art == Speicherart::Keine) continue;
+        const QString wert = ini(sektion_, art.key);
+        if (wert.isEmpty()) continue;  // the designed value stays
+        long long zahl = 0;
+        const bool istZahl = zahlLesen(wert, zahl);
+        switch (art.art) {
+            case Speicherart::Option:
+                if (istZahl && zahl == art.index) qobject_cast<QRadioButton*>(o)->setChecked(true);
+                break;
+            case Speicherart::SchriftKnopf:
+            case Speicherart::Kontrollkaestchen:
+                if (istZahl) qobject_cast<QAbstractButton*>(o)->setChecked(zahl != 0);
+                break;
+            case Speicherart::Textfeld: qobject_cast<QLineEdit*>(o)->setText(q(TextfeldLadewert(s(wert)))); break;
+            case Speicherart::Farbe:
+                if (istZahl) HintergrundFarbeSetzen(qobject_cast<QWidget*>(o), zahl);
+                break;
+            case Speicherart::PlusMinus: qobject_cast<QLabel*>(o)->setText(wert); break;
+            case Speicherart::Auswahl: qobject_cast<QComboBox*>(o)->setCurrentText(wert); break;
+            case Speicherart::Keine: break;
         }
     }
     ZusatzwerteLaden();
@@ -220,34 +241,26 @@ void Fenster::steuerwerteLaden() {
 void Fenster::steuerwerteSpeichern() {
     const QList<QObject*> alle = findChildren<QObject*>();
     for (QObject* o : alle) {
-        if (!eigenesSteuer(o)) continue;
-        const QString name = o->objectName();
-        if (auto* r = qobject_cast<QRadioButton*>(o)) {
-            QString basis;
-            int index;
-            NameZerlegen(name, basis, index);
-            if (r->isChecked() && index >= 0) iniSchreiben(sektion_, basis, QString::number(index));
-        } else if (istSchriftKnopf(name)) {
-            if (auto* b = qobject_cast<QAbstractButton*>(o); b && b->isCheckable()) {
-                iniSchreiben(sektion_, schriftKey(name), b->isChecked() ? "1" : "0");
-            }
-        } else if (auto* t = qobject_cast<QLineEdit*>(o)) {
-            if (auto wert = TextfeldSpeicherwert(s(t->text()))) iniSchreiben(sektion_, name, q(*wert));
-        } else if (auto* c = qobject_cast<QCheckBox*>(o)) {
-            iniSchreiben(sektion_, name, c->isChecked() ? "1" : "0");
-        } else if (auto* l = qobject_cast<QLabel*>(o)) {
-            QString basis;
-            int index;
-            NameZerlegen(name, basis, index);
-            if (basis.compare("lblCol", Qt::CaseInsensitive) == 0) {
-                iniSchreiben(sektion_, name, QString::number(HintergrundFarbe(l)));
-            } else if (basis.compare("lblPlusMinus", Qt::CaseInsensitive) == 0) {
-                iniSchreiben(sektion_, name, l->text());
-            }
-        } else if (auto* cb = qobject_cast<QComboBox*>(o)) {
-            if (name.contains("Size", Qt::CaseInsensitive) || name.contains("Font", Qt::CaseInsensitive)) {
-                iniSchreiben(sektion_, name, cb->currentText());
-            }
+        const Speicherart art = speicherartVon(o);
+        switch (art.art) {
+            case Speicherart::Option:
+                if (qobject_cast<QRadioButton*>(o)->isChecked()) iniSchreiben(sektion_, art.key, QString::number(art.index));
+                break;
+            case Speicherart::SchriftKnopf:
+            case Speicherart::Kontrollkaestchen:
+                iniSchreiben(sektion_, art.key, qobject_cast<QAbstractButton*>(o)->isChecked() ? "1" : "0");
+                break;
+            case Speicherart::Textfeld:
+                if (auto wert = TextfeldSpeicherwert(s(qobject_cast<QLineEdit*>(o)->text()))) {
+                    iniSchreiben(sektion_, art.key, q(*wert));
+                }
+                break;
+            case Speicherart::Farbe:
+                iniSchreiben(sektion_, art.key, QString::number(HintergrundFarbe(qobject_cast<QWidget*>(o))));
+                break;
+            case Speicherart::PlusMinus: iniSchreiben(sektion_, art.key, qobject_cast<QLabel*>(o)->text()); break;
+            case Speicherart::Auswahl: iniSchreiben(sektion_, art.key, qobject_cast<QComboBox*>(o)->currentText()); break;
+            case Speicherart::Keine: break;
         }
     }
     ZusatzwerteSpeichern();
@@ -412,14 +425,19 @@ void Fenster::IconAktion(int index) {
 
 void Fenster::IconFensterAktion(const QString&) {}
 
+std::optional<QString> Fenster::speicherZiel(const QString& filter, const QString& endung) {
+    DateiAnfrage anfrage{true, windowTitle(), q(ProgrammPfad), QString(), filter};
+    std::optional<QString> pfad = DateiDialog(this, anfrage);
+    // A name typed without any ending gets the ending; a name with a dot is taken as it stands.
+    if (pfad && !QFileInfo(*pfad).fileName().contains('.')) *pfad += endung;
+    return pfad;
+}
+
 void Fenster::listeSpeichern() {
     auto* liste = Steuer<QListWidget>(this, "List1");
     if (!liste) return;
-    DateiAnfrage anfrage{true, windowTitle(), q(ProgrammPfad), QString(), "*.TXT (*.TXT)"};
-    std::optional<QString> pfad = DateiDialog(this, anfrage);
+    std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT)", ".TXT");
     if (!pfad) return;
-    // A name typed without any ending gets ".TXT"; a name with a dot is taken as it stands.
-    if (!QFileInfo(*pfad).fileName().contains('.')) *pfad += ".TXT";
     QFile datei(*pfad);
     if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
         MsgLaufwerk();
@@ -434,11 +452,8 @@ void Fenster::listeSpeichern() {
 void Fenster::bildSpeichern() {
     auto* bild = Steuer<Bild>(this, "picAnzeige");
     if (!bild) return;
-    DateiAnfrage anfrage{true, windowTitle(), q(ProgrammPfad), QString(), "Bitmap (*.bmp)"};
-    std::optional<QString> pfad = DateiDialog(this, anfrage);
-    if (!pfad) return;
-    if (!QFileInfo(*pfad).fileName().contains('.')) *pfad += ".bmp";
-    if (!bild->Speichern(*pfad)) MsgLaufwerk();
+    std::optional<QString> pfad = speicherZiel("Bitmap (*.bmp)", ".bmp");
+    if (pfad && !bild->Speichern(*pfad)) MsgLaufwerk();
 }
 
 void Fenster::drucken() {

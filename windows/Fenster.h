@@ -9,6 +9,8 @@
 #include <QMainWindow>
 #include <QString>
 
+#include <optional>
+
 class QPrinter;
 class QToolBar;
 
@@ -65,6 +67,8 @@ private:
     void steuerwerteSpeichern();
     void lageLaden();
     void lageSpeichern();
+    // The save dialog in ProgrammPfad; a chosen name without any dot gets endung.
+    std::optional<QString> speicherZiel(const QString& filter, const QString& endung);
     void listeSpeichern();
     void bildSpeichern();
     void drucken();

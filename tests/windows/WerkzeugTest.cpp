@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPrinter>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -218,9 +219,20 @@ TEST_F(WerkzeugTest, TheIconRowFollowsItsLettersAndActs) {
     f->IconAktion(12);
     EXPECT_EQ(QImage(ziel + ".bmp").size(), QSize(50, 40));
 
-    // Print: a cancelled print dialog prints nothing and says nothing.
+    // Print: a cancelled print dialog prints nothing and says nothing; a confirmed one prints
+    // the picture (here into a PDF file).
     DruckDialogHook = [](QPrinter&) { return false; };
     f->IconAktion(8);
+    const QString pdf = QString::fromStdString(Ordner()) + "druck.pdf";
+    DruckDialogHook = [&](QPrinter& drucker) {
+        drucker.setOutputFormat(QPrinter::PdfFormat);
+        drucker.setOutputFileName(pdf);
+        return true;
+    };
+    f->IconAktion(8);
+    QFile gedruckt(pdf);
+    ASSERT_TRUE(gedruckt.open(QIODevice::ReadOnly));
+    EXPECT_EQ(gedruckt.read(5), "%PDF-");
     // Calc: the calculator is not built yet; Exit closes.
     f->IconAktion(13);
     ASSERT_EQ(ui.meldungen.size(), 1u);
