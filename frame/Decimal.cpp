@@ -1,5 +1,6 @@
 #include "frame/Decimal.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 
@@ -45,10 +46,9 @@ Decimal Decimal::ausText(std::string_view text) {
         bool expNeg = false;
         if (i < n && (text[i] == '+' || text[i] == '-')) expNeg = text[i++] == '-';
         if (!digit(i)) throw Laufzeitfehler(FehlerTypenUnvertraeglich);
-        while (digit(i)) {
-            exponent = exponent * 10 + (text[i++] - '0');
-            if (exponent > 1000) throw Laufzeitfehler(FehlerUeberlauf);
-        }
+        // Held at a bound far beyond any digit count of the range: "1e-5000" is 0, not an
+        // overflow, and "0e5000" is 0 too; a non-zero mantissa overflows in the loop below.
+        while (digit(i)) exponent = std::min(exponent * 10 + (text[i++] - '0'), 100000LL);
         if (expNeg) exponent = -exponent;
     }
     while (blank(i)) ++i;

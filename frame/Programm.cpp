@@ -15,13 +15,14 @@
 
 namespace sw {
 
-void ProgrammStarten() {
+void ProgrammStarten(bool ordnerWechseln) {
     ProgrammPfad = ArbeitsOrdnerBestimmen();
-    // Relative file names typed by the user (a block file, an export) land in the working
-    // folder, as they always landed beside the program. A folder that cannot be entered
-    // leaves the current one; every path the program builds itself is absolute.
-    std::error_code ec;
-    std::filesystem::current_path(ProgrammPfad, ec);
+    // A folder that cannot be entered leaves the current one: every path the program builds
+    // itself starts with ProgrammPfad.
+    if (ordnerWechseln) {
+        std::error_code ec;
+        std::filesystem::current_path(ProgrammPfad, ec);
+    }
     RasterEcht = true;
     RasterTabellenAufbauen();
 

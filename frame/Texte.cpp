@@ -58,6 +58,7 @@ struct TexCache {
     std::string pfad;
     long long groesse = -1;
     long long zeit = -1;
+    unsigned long long inode = 0;  // a file replaced by rename is new even at equal size and time
     std::vector<std::string> zeilen;
 };
 
@@ -70,7 +71,9 @@ const std::vector<std::string>& texZeilen() {
         throw Laufzeitfehler(FehlerDateiNichtGefunden, "Datei nicht gefunden: " + pfad);
     }
     long long zeit = static_cast<long long>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
-    if (pfad == cache.pfad && st.st_size == cache.groesse && zeit == cache.zeit) return cache.zeilen;
+    if (pfad == cache.pfad && st.st_size == cache.groesse && zeit == cache.zeit && st.st_ino == cache.inode) {
+        return cache.zeilen;
+    }
 
     std::ifstream f(pfad, std::ios::binary);
     if (!f) throw Laufzeitfehler(FehlerZugriffVerweigert, "Zugriff verweigert: " + pfad);
@@ -94,12 +97,13 @@ const std::vector<std::string>& texZeilen() {
     cache.pfad = pfad;
     cache.groesse = st.st_size;
     cache.zeit = zeit;
+    cache.inode = st.st_ino;
     return cache.zeilen;
 }
 
 bool numerisch(const std::string& s, double& wert) { return IstNumerisch(s, &wert); }
 
-// Replaces every mark of the list in one pass, ignoring case (ASCII), so that what one
+// Replaces every mark of the list in one pass, ignoring case, so that what one
 // replacement puts in (a parameter typed by the user) is never taken for another mark.
 std::string ersetzen(const std::string& text, std::initializer_list<std::pair<std::string, std::string>> marken) {
     // Folding keeps every byte in place, so positions in k are positions in text.

@@ -17,7 +17,7 @@ std::string VersionText();
 
 // The numbered entry's text up to its first "|", with "#V" and "#CR" replaced; "" if the key
 // does not exist (the search stops at the first greater number). A missing sw.TEX throws
-// Laufzeitfehler 53 naming the file.
+// Laufzeitfehler 53 naming the file, one that cannot be read Laufzeitfehler 70.
 std::string Text(int key);
 // The same with "#P1" (and "#P2") replaced by the parameters; case is ignored.
 std::string TextP1(int key, const std::string& p1);

@@ -23,11 +23,11 @@ std::string Klein(std::string s) {
         unsigned char c = static_cast<unsigned char>(s[i]);
         if (c >= 'A' && c <= 'Z') {
             s[i] = static_cast<char>(c + 32);
-        } else if (c == 0xC3 && i + 1 < s.size()) {
+        } else if (c == 0xC3 && i + 1 < s.size() && (static_cast<unsigned char>(s[i + 1]) & 0xC0) == 0x80) {
             // U+00C0..U+00DE (without the multiplication sign U+00D7) are the capitals of
             // U+00E0..U+00FE; in UTF-8 they differ only in the second byte.
             unsigned char d = static_cast<unsigned char>(s[i + 1]);
-            if (d >= 0x80 && d <= 0x9E && d != 0x97) s[i + 1] = static_cast<char>(d + 0x20);
+            if (d <= 0x9E && d != 0x97) s[i + 1] = static_cast<char>(d + 0x20);
             ++i;
         }
     }

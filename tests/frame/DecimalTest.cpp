@@ -145,6 +145,9 @@ TEST(Decimal, TextUmwandlungInBeideRichtungen) {
     }
     EXPECT_THROW(Decimal::ausText("79228162514264337593543950336"), Laufzeitfehler);
     EXPECT_THROW(Decimal::ausText("1e40"), Laufzeitfehler);
+    EXPECT_THROW(Decimal::ausText("1e99999999999999999999"), Laufzeitfehler);
+    EXPECT_EQ(Decimal::ausText("1e-5000").Text(), "0") << "a tiny value is 0, no overflow";
+    EXPECT_EQ(Decimal::ausText("0e5000").Text(), "0");
 }
 
 TEST(Decimal, DoubleUmwandlungSchneidetAbUndPrueftDenBereich) {
