@@ -33,7 +33,8 @@ constexpr int FehlerDateizugriff = 75;
 constexpr int FehlerDateiende = 62;
 
 void dateiFehler(int key, int nummer, const std::string& pfad, const std::string& grund) {
-    MsgFehler(key, Laufzeitfehler(nummer, grund + ": " + pfad));
+    const char* was = key == TextDateiNichtSchreibbar ? "Datei nicht schreibbar" : "Blockdatei nicht nutzbar";
+    MsgFehler(key, Laufzeitfehler(nummer, std::string(was) + " (" + grund + "): " + pfad));
 }
 
 std::string dateiName(const std::string& pfad) {
@@ -79,21 +80,24 @@ bool allesLesen(int fd, void* ziel, size_t bytes, const std::string& pfad) {
 // Allocates the raster to index 0..letzter, zeroed, and reads the file's words into its
 // start. On failure the raster is left as one zero word, which no reader goes beyond.
 bool rasterAusDatei(int fd, size_t worteDatei, size_t letzter, const std::string& pfad) {
-    std::vector<uint32_t>().swap(PrimaerRaster);
     try {
-        PrimaerRaster.assign(letzter + 1, 0);
+        // The pre-sieved raster of the same limit is reused as it stands: it saves a second
+        // allocation and zero fill of the whole raster, which would cost more than the read.
+        const size_t worte = letzter + 1;
+        if (PrimaerRaster.capacity() >= worte && PrimaerRaster.capacity() <= 2 * worte) {
+            PrimaerRaster.resize(worte);
+            std::fill(PrimaerRaster.begin() + ptrdiff_t(std::min(worteDatei, worte)), PrimaerRaster.end(), 0u);
+        } else {
+            RasterNeuAnlegen(worte);
+        }
     } catch (const std::bad_alloc&) {
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        RasterLetzterIndex = 0;
+        RasterAufEinWort();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
     }
     RasterAdresseAuffrischen();
     if (!allesLesen(fd, PrimaerRaster.data(), worteDatei * sizeof(uint32_t), pfad)) {
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        RasterLetzterIndex = 0;
+        RasterAufEinWort();
         return false;
     }
     return true;

@@ -1,9 +1,11 @@
 #include "sieve/basMaxPrimaer.h"
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <new>
 
 #include "frame/Meldungen.h"
@@ -28,18 +30,35 @@ bool passtInsSpeicher(size_t bytes) {
 
 }  // namespace
 
-bool RasterAnlegen() {
-    const size_t worte = size_t(RasterLetzterIndex) + 1;
+void RasterNeuAnlegen(size_t worte) {
     // The old raster goes first, so that old and new never stand in memory side by side.
     std::vector<uint32_t>().swap(PrimaerRaster);
+    if (!passtInsSpeicher(worte * sizeof(uint32_t))) throw std::bad_alloc();
+    // One word of room more than asked: a block loaded over this raster needs it (see
+    // BlockLaden), and so it can take the place without a new allocation.
+    PrimaerRaster.reserve(worte + 1);
+    // The sieves strike all over the raster; with 4 KB pages nearly every strike of a large
+    // prime would also miss the address translation cache. Huge pages are asked for before
+    // the zeros touch the memory, since only then can the kernel hand them out.
+    const uintptr_t anfang = reinterpret_cast<uintptr_t>(PrimaerRaster.data());
+    const uintptr_t seite = uintptr_t(2) << 20;
+    const uintptr_t von = (anfang + seite - 1) & ~(seite - 1);
+    const uintptr_t bis = (anfang + worte * sizeof(uint32_t)) & ~(seite - 1);
+    if (bis > von) ::madvise(reinterpret_cast<void*>(von), bis - von, MADV_HUGEPAGE);
+    PrimaerRaster.assign(worte, 0);
+}
+
+void RasterAufEinWort() {
+    PrimaerRaster.assign(1, 0);
+    RasterAdresseAuffrischen();
+    RasterLetzterIndex = 0;
+}
+
+bool RasterAnlegen() {
     try {
-        if (!passtInsSpeicher(worte * sizeof(uint32_t))) throw std::bad_alloc();
-        PrimaerRaster.assign(worte, 0);
+        RasterNeuAnlegen(size_t(RasterLetzterIndex) + 1);
     } catch (const std::bad_alloc&) {
-        // One word stays, and the index says so, so that no reader looks beyond it.
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        RasterLetzterIndex = 0;
+        RasterAufEinWort();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
     }

@@ -2,10 +2,17 @@
 // square pass, and PrimModifikation, which strikes only the primes up to a bound.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace sw {
 
+// Gives up the old raster, then allocates PrimaerRaster with worte zero words, on huge pages
+// where the system has them. Throws std::bad_alloc (also for more than the machine's memory).
+void RasterNeuAnlegen(size_t worte);
+// After a failed allocation or load: a raster of one zero word, and an index that says so,
+// so that no reader looks beyond it.
+void RasterAufEinWort();
 // Reallocates PrimaerRaster to 0..RasterLetzterIndex, zeroed; "SW - Memory" and false on failure.
 bool RasterAnlegen();
 // RasterAnlegen, then the multiples of 7 and 11 and the bit of 1.
