@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -357,10 +358,12 @@ bool frmStart::laufVorbereiten(bool vorsieben) {
     return true;
 }
 
-void frmStart::laufAnzeigen(double sekunden) {
+void frmStart::laufAnzeigen(double sekunden, const QString& was) {
     lblPrimMax_->setText(q(ZahlFormat(PrimaerQuadrat)));
     QString text = q(Text(144));
     const QString sek = sekundenText(sekunden);
+    laeufe_ << QStringLiteral("%1: %2 – %3 s").arg(was, q(ZahlFormat(PrimaerGrenze)), sek);
+    optionenAuflisten();
     text = text.contains("#P1", Qt::CaseInsensitive) ? text.replace("#P1", sek, Qt::CaseInsensitive) : text + " " + sek;
     anzeigeFertig(text);
     knoepfeSperren(false);
@@ -402,7 +405,7 @@ void frmStart::Lauf(int methode) {
         laufAbgebrochen();
         throw;
     }
-    laufAnzeigen(sekunden);
+    laufAnzeigen(sekunden, beschriftung(btnStart_[methode]));
 }
 
 void frmStart::Untersuchung(int index) {
@@ -434,7 +437,7 @@ void frmStart::Laden() {
         throw;
     }
     txtGrenze_->setText(q(ZahlFormat(PrimaerGrenze)));
-    laufAnzeigen(Timer() - StartZeit);
+    laufAnzeigen(Timer() - StartZeit, QFileInfo(*pfad).fileName());
 }
 
 void frmStart::Speichern() {
@@ -477,6 +480,7 @@ void frmStart::OptionenVerwerfen() {
 void frmStart::optionenAuflisten() {
     list1_->clear();
     list1_->addItems(optionen_->Auflistung());
+    if (!laeufe_.isEmpty()) list1_->addItems(QStringList{QString()} + laeufe_);
     list1_->setCurrentRow(-1);
 }
 

@@ -53,7 +53,8 @@ private:
     void verbinden();
     void grenzeVerlassen();
     bool laufVorbereiten(bool vorsieben);
-    void laufAnzeigen(double sekunden);
+    // The finished display; was names the run (a method's caption or the loaded file).
+    void laufAnzeigen(double sekunden, const QString& was);
     void laufAbgebrochen();
     void knoepfeSperren(bool gesperrt);
     void anzeigeLaeuft(const QString& text);
@@ -79,6 +80,7 @@ private:
     QMenu* mnuMersenne_ = nullptr;
     QList<QAction*> laufSperre_;  // menu items that must wait while the raster is rebuilt
     QAction* mnuSpeichern_ = nullptr;
+    QStringList laeufe_;  // one line per finished run or load, for comparing the methods' times
 };
 
 }  // namespace sw

@@ -121,7 +121,11 @@ TEST_F(CockpitTest, EveryMethodBuildsTheRangeAndFinishesTheDisplay) {
             << anzeige->text().toStdString();
         EXPECT_TRUE(AlleKnoepfeFrei());
         EXPECT_TRUE(Suche<QAction>("mnuSpeichern")->isEnabled());
-        EXPECT_EQ(StoppUhr.name, Suche<QPushButton>("btnStart", methode)->text().remove('&').toStdString());
+        const QString beschriftung = Suche<QPushButton>("btnStart", methode)->text().remove('&');
+        EXPECT_EQ(StoppUhr.name, beschriftung.toStdString());
+        // The list keeps one line per run, so the methods' times stand side by side.
+        auto* liste = Suche<QListWidget>("List1");
+        EXPECT_TRUE(liste->item(liste->count() - 1)->text().startsWith(beschriftung + ": 100.000 – "));
         EXPECT_FALSE(StoppUhr.laeuft);
     }
     EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
