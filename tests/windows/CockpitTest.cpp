@@ -314,6 +314,19 @@ TEST_F(CockpitTest, SettingsSurviveARestartButTheCockpitKeepsItsWidth) {
     EXPECT_EQ(cockpit_->width(), entworfen.width());
 }
 
+TEST_F(CockpitTest, AFolderForBlockFilesIsKeptAcrossARestart) {
+    Cockpit();
+    const std::string bloecke = Ordner() + "bloecke";
+    std::filesystem::create_directory(bloecke);
+    Suche<QAction>("mnuSystemEinstellungen")->trigger();
+    Suche<QLineEdit>("txtPath")->setText(q(bloecke));
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_EQ(ProgrammPfad, bloecke + "/");
+    Neustart();
+    EXPECT_EQ(ProgrammPfad, bloecke + "/");
+    EXPECT_TRUE(Suche<QLineEdit>("txtPath")->text().startsWith(q(bloecke)));
+}
+
 TEST_F(CockpitTest, TheEndQuestionCanKeepTheProgramRunning) {
     Cockpit();
     Suche<QCheckBox>("chkEndeFrage")->setChecked(true);
