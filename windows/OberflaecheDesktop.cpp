@@ -46,9 +46,18 @@ double OberflaecheDesktop::Uhr() {
 
 bool Behandeln(const std::function<void()>& handler) noexcept {
     try {
+        handler();
+        return true;
+    } catch (...) {
+        FehlerZeigen(std::current_exception());
+    }
+    return false;
+}
+
+void FehlerZeigen(std::exception_ptr fehler) noexcept {
+    try {
         try {
-            handler();
-            return true;
+            std::rethrow_exception(fehler);
         } catch (const Laufzeitfehler& e) {
             MsgFehler(FehlerTextKey, e);
         } catch (const std::bad_alloc&) {
@@ -57,9 +66,9 @@ bool Behandeln(const std::function<void()>& handler) noexcept {
             MsgFehler(FehlerTextKey, Laufzeitfehler(0, e.what()));
         }
     } catch (...) {
-        // The box itself failed (sw.TEX gone missing while running): nothing more can be shown.
+        // The box itself failed (sw.TEX gone missing while running), or the exception was of no
+        // known kind: nothing more can be shown.
     }
-    return false;
 }
 
 }  // namespace sw

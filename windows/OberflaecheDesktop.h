@@ -4,6 +4,7 @@
 // it is shown in the "SW - Error" box, and the window stays usable.
 #pragma once
 
+#include <exception>
 #include <functional>
 
 #include "frame/Oberflaeche.h"
@@ -25,6 +26,8 @@ inline constexpr int FehlerTextKey = 208;
 // "SW - Memory", any other exception the error box with its message; nothing escapes, since
 // an exception must never unwind through Qt's event loop. True if the handler ran through.
 bool Behandeln(const std::function<void()>& handler) noexcept;
+// The box for an exception caught elsewhere (the application's last guard).
+void FehlerZeigen(std::exception_ptr fehler) noexcept;
 
 // A slot for signals without arguments that runs f guarded by Behandeln.
 template <typename F>

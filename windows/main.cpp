@@ -16,9 +16,12 @@ class SwAnwendung : public QApplication {
 public:
     using QApplication::QApplication;
     bool notify(QObject* empfaenger, QEvent* ereignis) override {
-        bool ergebnis = false;
-        sw::Behandeln([&] { ergebnis = QApplication::notify(empfaenger, ereignis); });
-        return ergebnis;
+        try {
+            return QApplication::notify(empfaenger, ereignis);
+        } catch (...) {
+            sw::FehlerZeigen(std::current_exception());
+            return false;
+        }
     }
 };
 

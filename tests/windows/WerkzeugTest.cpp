@@ -243,6 +243,35 @@ TEST_F(WerkzeugTest, TheIconRowFollowsItsLettersAndActs) {
     delete f;
 }
 
+TEST_F(WerkzeugTest, TheFontChoiceStylesItsTargetAndIsKept) {
+    {
+        frmProbe f;
+        auto* liste = Steuer<QListWidget>(&f, "List1");
+        f.SchriftAuswahlAnlegen(liste);
+        f.FensterLaden("Probe");
+        auto* groesse = Steuer<QComboBox>(&f, "cmbSize");
+        EXPECT_EQ(groesse->currentText(), "12");
+        EXPECT_EQ(Steuer<QComboBox>(&f, "cmbFont")->currentText(), "Arial");
+        ASSERT_EQ(groesse->count(), 16);
+        EXPECT_EQ(groesse->itemText(15), "72");
+        groesse->setCurrentText("20");
+        Steuer<QToolButton>(&f, "btnBold")->setChecked(true);
+        EXPECT_EQ(liste->font().pointSize(), 20);
+        EXPECT_TRUE(liste->font().bold());
+        EXPECT_FALSE(liste->font().italic());
+        f.close();
+    }
+    EXPECT_EQ(IniLesen("Probe", "Bold"), "1");
+    EXPECT_EQ(IniLesen("Probe", "Italic"), "0");
+    EXPECT_EQ(IniLesen("Probe", "cmbSize"), "20");
+    frmProbe g;
+    auto* liste = Steuer<QListWidget>(&g, "List1");
+    g.SchriftAuswahlAnlegen(liste);
+    g.FensterLaden("Probe");
+    EXPECT_EQ(liste->font().pointSize(), 20);
+    EXPECT_TRUE(liste->font().bold());
+}
+
 TEST_F(WerkzeugTest, ThePictureKeepsItsDrawingAndSavesBmpAndPng) {
     Bild bild;
     bild.resize(40, 30);
