@@ -41,9 +41,9 @@ frmSpeicherAuslastung::frmSpeicherAuslastung() : Fenster("frmSpeicherAuslastung"
     setCentralWidget(mitte);
     connect(neu, &QPushButton::clicked, this, Sicher([this] { Aktualisieren(); }));
     connect(ok, &QPushButton::clicked, this, &QWidget::close);
-    FensterLaden(QString::fromStdString(AktivesFenster));
+    // The figures first, so that the window's designed size fits them.
     Aktualisieren();
-    setMinimumWidth(sizeHint().width() + 60);
+    FensterLaden(QString::fromStdString(AktivesFenster));
 }
 
 void frmSpeicherAuslastung::Aktualisieren() {

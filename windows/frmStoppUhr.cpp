@@ -40,8 +40,8 @@ frmStoppUhr::frmStoppUhr() : Fenster("frmStoppUhr") {
     lay->addWidget(ok, 0, Qt::AlignRight);
     setCentralWidget(mitte);
     connect(ok, &QPushButton::clicked, this, &QWidget::close);
+    Anzeigen();  // the content first, so that the window's designed size fits it
     FensterLaden("StoppUhr");
-    Anzeigen();
 }
 
 void frmStoppUhr::Anzeigen() {

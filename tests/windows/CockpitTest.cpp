@@ -226,6 +226,24 @@ TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
     EXPECT_TRUE(cockpit_->isVisible());
 }
 
+TEST_F(CockpitTest, NoTextIsClippedInTheCockpitAndItsWindows) {
+    Cockpit();
+    GrenzeTippen("2.000.000");
+    Starten(0);
+    TexteUngekuerzt(cockpit_);
+    for (const char* seite : {"mnuSystemEinstellungen", "mnuZahlenDarstellung", "mnuFarbEinstellung", "mnuZahlensystem"}) {
+        Suche<QAction>(seite)->trigger();
+        TexteUngekuerzt(cockpit_);
+    }
+    Suche<QPushButton>("btnAuslastung")->click();
+    TexteUngekuerzt(Suche<QWidget>("frmSpeicherAuslastung"));
+    Suche<QAction>("mnuPrimModify")->trigger();
+    TexteUngekuerzt(Suche<QWidget>("frmPrimModify"));
+    StoppUhrAktiv = true;
+    StoppUhrZeigen();
+    TexteUngekuerzt(Suche<QWidget>("frmStoppUhr"));
+}
+
 TEST_F(CockpitTest, AHandlerThatFailsShowsTheErrorBoxAndLeavesTheCockpitUsable) {
     Cockpit();
     FensterAnmelden("frmFaktor", [](int, QWidget*) { throw Laufzeitfehler(FehlerDivisionDurchNull); });

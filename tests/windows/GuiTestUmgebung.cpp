@@ -1,6 +1,8 @@
 #include "GuiTestUmgebung.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QPointer>
 
 #include "windows/Dialoge.h"
@@ -53,6 +55,20 @@ int GuiTest::FensterAnzahl(const QString& name) {
 }
 
 void GuiTest::Aufraeumen() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+void GuiTest::TexteUngekuerzt(QWidget* fenster) {
+    fenster->show();
+    QCoreApplication::processEvents();  // lets the layouts settle
+    const QList<QWidget*> alle = fenster->findChildren<QWidget*>();
+    for (QWidget* w : alle) {
+        if (!w->isVisible() || w->objectName().startsWith("lblLine")) continue;
+        auto* label = qobject_cast<QLabel*>(w);
+        if (!(label && !label->wordWrap()) && !qobject_cast<QAbstractButton*>(w)) continue;
+        if (label && label->text().isEmpty()) continue;
+        EXPECT_GE(w->width(), w->minimumSizeHint().width())
+            << fenster->objectName().toStdString() << ": " << w->objectName().toStdString();
+    }
+}
 
 std::string GuiTest::Meldungen() const {
     std::string alle;

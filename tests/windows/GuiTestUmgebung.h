@@ -30,6 +30,8 @@ protected:
     static int FensterAnzahl(const QString& name);
     // Deletes the windows that closed themselves (they go at the next turn of the event loop).
     static void Aufraeumen();
+    // Every text of the window's visible labels and buttons has the room it needs.
+    static void TexteUngekuerzt(QWidget* fenster);
     // Titles and texts of the boxes shown so far, for failure messages.
     std::string Meldungen() const;
 };
