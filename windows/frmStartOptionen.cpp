@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QDir>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -176,6 +177,13 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
     }
     int32_t basis = zahl(txtZahlenSystem_, ZahlenSystem);
     if (basis < 2) basis = 10;
+    // Block files and settings go to this folder: one that is not there would lose them.
+    const QString pfad = txtPath_->text().trimmed();
+    const bool pfadDa = !pfad.isEmpty() && QDir(pfad).exists();
+    if (!pfad.isEmpty() && !pfadDa && pruefen) {
+        MsgLaufwerk();
+        return false;
+    }
 
     FormatZeichen = zeichen;
     FormatAnzahl = anzahl;
@@ -184,8 +192,7 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
     MaxFormatStellen = maxStellen;
     StellenZahlAnzeigen = chkStellenZahl_->isChecked();
     for (int i = 0; i < 4; ++i) GrossZahlFarbe[i] = static_cast<int32_t>(HintergrundFarbe(farben_[i]));
-    const QString pfad = txtPath_->text().trimmed();
-    if (!pfad.isEmpty()) ProgrammPfad = MitSchraegstrich(pfad.toStdString());
+    if (pfadDa) ProgrammPfad = MitSchraegstrich(pfad.toStdString());
     StoppUhrAktiv = chkStoppUhr_->isChecked();
     ZahlenSystem = basis;
     lblBasis_->setText(q(BasisBeschriftung()));

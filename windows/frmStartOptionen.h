@@ -27,8 +27,9 @@ public:
     void SeiteZeigen(int seite, const QString& titel);
     int Seite() const;
     // Controls into the public variables. With pruefen (btnGO) a MaxFormatStellen below 10 is
-    // refused with text 470 and nothing changes, and a field that is not a number raises the
-    // run-time error of the parse; without it (start-up) such a field keeps its variable.
+    // refused with text 470 and a folder that does not exist with text 206, and nothing
+    // changes; a field that is not a number raises the run-time error of the parse. Without
+    // it (start-up) such a field keeps its variable.
     bool Uebernehmen(bool pruefen);
     // The public variables into the controls.
     void AusVariablen();
