@@ -75,17 +75,6 @@ struct Bereich {
     }
 };
 
-// After a failed build the raster may be shorter than the limit says: then there is no range.
-void rasterStimmigMachen() {
-    RasterBereit = false;
-    if (PrimaerRaster.empty() || static_cast<size_t>(RasterLetzterIndex) >= PrimaerRaster.size()) {
-        PrimaerRaster.assign(1, 0);
-        RasterAdresseAuffrischen();
-        PrimaerGrenze = Decimal();
-        RasterLetzterIndex = PrimaerWurzel = PrimaerWurzelWort = 0;
-    }
-}
-
 // The right column of the cockpit: always as wide as the option pages need, shown or not, so
 // that opening an option page never changes the cockpit's width.
 class OptionenSpalte : public QWidget {
@@ -351,7 +340,7 @@ bool frmStart::laufVorbereiten(bool vorsieben) {
     anzeigeLaeuft(q(Text(143)));
     lblAnzeige_->repaint();
     if (vorsieben && !RasterVorsieben()) {
-        laufAbgebrochen();
+        laufAbgebrochen(true);
         return false;
     }
     DoEvents();
@@ -370,10 +359,17 @@ void frmStart::laufAnzeigen(double sekunden, const QString& was) {
     knoepfeSperren(false);
 }
 
-void frmStart::laufAbgebrochen() {
-    rasterStimmigMachen();
+void frmStart::laufAbgebrochen(bool rasterVerloren) {
+    if (rasterVerloren) RasterBereit = false;
+    if (!RasterBereit || PrimaerRaster.size() <= static_cast<size_t>(RasterLetzterIndex)) {
+        // No usable raster, so no range either: no reader may look beyond the one word left.
+        RasterBereit = false;
+        RasterAufEinWort();
+        PrimaerGrenze = PrimaerQuadrat = Decimal();
+        PrimaerWurzel = PrimaerWurzelWort = 0;
+        lblPrimMax_->clear();
+    }
     anzeigeFertig(QString());
-    lblPrimMax_->clear();
     knoepfeSperren(false);
 }
 
@@ -403,7 +399,7 @@ void frmStart::Lauf(int methode) {
         LaufAbschliessen();
     } catch (...) {
         if (StoppUhr.laeuft) StoppUhrStop();
-        laufAbgebrochen();
+        laufAbgebrochen(true);  // a half-built raster
         throw;
     }
     laufAnzeigen(sekunden, beschriftung(btnStart_[methode]));
@@ -429,12 +425,13 @@ void frmStart::Laden() {
     // The load allocates the raster itself from the file's length: no pre-sieve before it.
     laufVorbereiten(false);
     try {
+        // A file refused before reading leaves the raster as it was; a failed read does not.
         if (!PrimaerBlockLaden(pfad->toStdString())) {
-            laufAbgebrochen();
+            laufAbgebrochen(false);
             return;
         }
     } catch (...) {
-        laufAbgebrochen();
+        laufAbgebrochen(true);
         throw;
     }
     txtGrenze_->setText(q(ZahlFormat(PrimaerGrenze)));

@@ -57,7 +57,9 @@ private:
     bool laufVorbereiten(bool vorsieben);
     // The finished display; was names the run (a method's caption or the loaded file).
     void laufAnzeigen(double sekunden, const QString& was);
-    void laufAbgebrochen();
+    // Back to rest after a failed run or load; rasterVerloren when the raster can no longer
+    // be trusted (the range is then dropped).
+    void laufAbgebrochen(bool rasterVerloren);
     void knoepfeSperren(bool gesperrt);
     void anzeigeLaeuft(const QString& text);
     void anzeigeFertig(const QString& text);

@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <filesystem>
+#include <fstream>
 #include <functional>
 
 #include "GuiTestUmgebung.h"
@@ -300,6 +301,18 @@ TEST_F(CockpitTest, BlockFilesAreSavedAndLoadedThroughTheMenu) {
     Suche<QAction>("mnuLaden")->trigger();
     EXPECT_EQ(PrimaerGrenze, Decimal(1000000));
     EXPECT_FALSE(RasterEcht);
+
+    // A file that cannot be a raster is refused with a message, and the range stays usable.
+    std::ofstream(Ordner() + "kaputt.BLK") << "abcdefg";
+    antwort = q(Ordner() + "kaputt.BLK");
+    Suche<QAction>("mnuLaden")->trigger();
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    ui.meldungen.clear();
+    EXPECT_TRUE(RasterBereit);
+    EXPECT_EQ(PrimaerGrenze, Decimal(1000000));
+    EXPECT_EQ(PrimAnzahl(2, PrimaerGrenze), Decimal(78498));
+    EXPECT_TRUE(AlleKnoepfeFrei());
+    EXPECT_TRUE(Suche<QAction>("mnuSpeichern")->isEnabled());
 
     // The secondary range is offered as S000.BLK.
     antwort = q(Ordner() + "S000.BLK");
