@@ -1,6 +1,7 @@
 #include "arith/basRechnen.h"
 
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 
 #include "arith/HypText.h"
@@ -116,7 +117,7 @@ std::string RechenText(const std::string& key, const std::string& p1, const std:
 void GroessePruefen(double bits) {
     if (bits > double(HoechstBits)) {
         char zahl[32];
-        std::snprintf(zahl, sizeof zahl, "%.0f", std::ceil(bits));
+        std::snprintf(zahl, sizeof zahl, bits < 1e15 ? "%.0f" : "%.3g", std::ceil(bits));
         throw Laufzeitfehler(FehlerUeberlauf, RechenText("msgZuGross", zahl, std::to_string(HoechstBits)));
     }
 }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "frame/Meldungen.h"
+#include "windows/frmCalculator.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmSpeicherAuslastung.h"
 
@@ -35,6 +36,7 @@ FensterFabrik modal() {
 
 std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
+        {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
     };
