@@ -14,7 +14,6 @@ namespace sw {
 
 namespace {
 
-constexpr uint32_t kMilliarde = 1000000000u;
 // Pieces up to this many words go word by word: dividing by 10^9 costs one pass per nine
 // digits, and below about 40 words that beats another level of wide quotients (measured with
 // bench/arith_text.cpp at 1,000,000 digits: 20 words 1.09x, 40 words 1.00x, 80 words 1.07x).
@@ -22,72 +21,107 @@ constexpr int32_t kBasisWorte = 40;
 // Digit runs up to this length are read nine digits at a time by word products.
 constexpr size_t kBasisZiffern = 360;
 
-// Powers 10^(9*2^k), k = 0, 1, ..., shared by both directions and kept per thread: a second
-// conversion of the same size costs no squaring at all.
-const Hyp& Zehnerpotenz(size_t k) {
-    thread_local std::vector<Hyp> tabelle;
-    if (tabelle.empty()) {
-        Hyp p(1);
-        p[1] = int32_t(kMilliarde);
-        tabelle.push_back(std::move(p));
+// The powers of one base: W = basis^je, the largest power that fits a word, and W^(2^k) for
+// k = 0, 1, ..., kept per thread, so that a second conversion of the same size squares nothing.
+struct Basispotenzen {
+    uint32_t wort = 0;
+    int je = 0;
+    std::vector<Hyp> p;
+};
+
+Basispotenzen& potenzenVon(int32_t basis) {
+    thread_local std::vector<Basispotenzen> alle(37);
+    Basispotenzen& b = alle[size_t(basis)];
+    if (b.je == 0) {
+        b.wort = uint32_t(basis);
+        b.je = 1;
+        while (uint64_t(b.wort) * uint32_t(basis) <= 0xFFFFFFFFull) {
+            b.wort *= uint32_t(basis);
+            ++b.je;
+        }
+        Hyp p0(1);
+        p0[1] = int32_t(b.wort);
+        b.p.push_back(std::move(p0));
     }
-    while (tabelle.size() <= k) {
-        const Hyp& vor = tabelle.back();
+    return b;
+}
+
+const Hyp& potenz(Basispotenzen& b, size_t k) {
+    while (b.p.size() <= k) {
+        const Hyp& vor = b.p.back();
         Hyp q(2 * vor.anzahl());
         aQuadHyp(q, vor);
         q.setzeObergrenze(q.anzahl());
-        tabelle.push_back(std::move(q));
+        b.p.push_back(std::move(q));
     }
-    return tabelle[k];
+    return b.p[k];
 }
 
-// Digits of a piece of at most kBasisWorte words (destroyed), right-aligned and padded with
-// zeros to breite (0: no padding), appended to aus.
-void basisText(Hyp& h, std::string& aus, size_t breite) {
-    char puffer[kBasisWorte * 10 + 16];
+const Hyp& Zehnerpotenz(size_t k) { return potenz(potenzenVon(10), k); }
+
+size_t stufenBreite(const Basispotenzen& b, size_t k) { return size_t(b.je) << k; }
+
+// Digit values (0 .. basis-1, one char each) of a piece of at most kBasisWorte words
+// (destroyed), right-aligned and padded with zeros to breite (0: no padding), appended to aus.
+void basisZiffern(Hyp& h, int32_t basis, const Basispotenzen& b, std::string& aus, size_t breite) {
+    char puffer[(kBasisWorte + 2) * 32];
     char* ende = puffer + sizeof puffer;
     char* p = ende;
-    // Nine digits per quotient by 10^9: the remainder of each word step fits 64 bits.
-    while (h[0] > 1 || uint32_t(h[1]) >= kMilliarde) {
-        uint32_t r = uint32_t(aDivHyp32(h, int32_t(kMilliarde)));
-        for (int i = 0; i < 9; ++i) {
-            *--p = char('0' + r % 10);
-            r /= 10;
+    // je digits per quotient by basis^je: the remainder of each word step fits 64 bits.
+    while (h[0] > 1 || uint32_t(h[1]) >= b.wort) {
+        uint32_t r = uint32_t(aDivHyp32(h, int32_t(b.wort)));
+        for (int i = 0; i < b.je; ++i) {
+            *--p = char(r % uint32_t(basis));
+            r /= uint32_t(basis);
         }
     }
     uint32_t r = uint32_t(h[1]);
     do {
-        *--p = char('0' + r % 10);
-        r /= 10;
+        *--p = char(r % uint32_t(basis));
+        r /= uint32_t(basis);
     } while (r != 0);
     size_t n = size_t(ende - p);
-    // Leading zeros of the nine-digit groups belong to a padded piece only.
-    while (n > 1 && *p == '0') {
+    // Leading zeros of the groups belong to a padded piece only.
+    while (n > 1 && *p == 0) {
         ++p;
         --n;
     }
-    if (breite > n) aus.append(breite - n, '0');
+    if (breite > n) aus.append(breite - n, char(0));
     aus.append(p, n);
 }
 
-size_t stufenBreite(size_t k) { return size_t(9) << k; }
-
-// h < (10^(9*2^k))^2 is written with exactly breite digits (0: as many as it has). Splitting
-// by 10^(9*2^k) gives two halves below that power, each written one level lower.
-void teileText(Hyp& h, int k, std::string& aus, size_t breite) {
+// h < W^(2^(k+1)) is written with exactly breite digits (0: as many as it has). Splitting by
+// W^(2^k) gives two halves below that power, each written one level lower.
+void teileZiffern(Hyp& h, int k, int32_t basis, Basispotenzen& b, std::string& aus, size_t breite) {
     if (h.anzahl() <= kBasisWorte || k < 0) {
-        basisText(h, aus, breite);
+        basisZiffern(h, basis, b, aus, breite);
         return;
     }
-    const Hyp& p = Zehnerpotenz(size_t(k));
+    const Hyp& p = potenz(b, size_t(k));
     if (breite == 0 && aCmpHypHyp(h, p) < 0) {
-        teileText(h, k - 1, aus, 0);
+        teileZiffern(h, k - 1, basis, b, aus, 0);
         return;
     }
     Hyp q(h.anzahl() - p.anzahl() + 2);
     aDivHypHyp(q, h, p);  // h keeps the remainder
-    teileText(q, k - 1, aus, breite == 0 ? 0 : breite - stufenBreite(size_t(k)));
-    teileText(h, k - 1, aus, stufenBreite(size_t(k)));
+    const size_t unten = stufenBreite(b, size_t(k));
+    teileZiffern(q, k - 1, basis, b, aus, breite == 0 ? 0 : breite - unten);
+    teileZiffern(h, k - 1, basis, b, aus, unten);
+}
+
+// The digit values of h in the base, highest first.
+std::string ziffernWerte(const Hyp& h, int32_t basis) {
+    Hyp arbeit(h);
+    if (arbeit[0] < 1) arbeit[0] = 1;  // a fresh array reads as zero
+    Basispotenzen& b = potenzenVon(basis);
+    std::string aus;
+    aus.reserve(size_t(arbeit.anzahl()) * size_t(32 / (31 - __builtin_clz(uint32_t(basis))) + 1) + 1);
+    // The top level: the smallest power whose square exceeds h.
+    const int32_t bits = aGetHighBitHyp(arbeit) + 1;
+    int k = 0;
+    while (arbeit.anzahl() > kBasisWorte && 2 * (aGetHighBitHyp(potenz(b, size_t(k))) + 1) - 1 <= bits) ++k;
+    teileZiffern(arbeit, k, basis, b, aus, 0);
+    return aus;
 }
 
 // A run of at most kBasisZiffern digits, nine at a time.
@@ -116,8 +150,8 @@ Hyp teileZahl(const char* s, size_t n) {
         return h;
     }
     size_t k = 0;
-    while (stufenBreite(k + 1) < n) ++k;
-    const size_t unten = stufenBreite(k);
+    while (stufenBreite(potenzenVon(10), k + 1) < n) ++k;
+    const size_t unten = stufenBreite(potenzenVon(10), k);
     const Hyp hoch = teileZahl(s, n - unten);
     const Hyp tief = teileZahl(s + (n - unten), unten);
     const Hyp& p = Zehnerpotenz(k);
@@ -142,16 +176,9 @@ std::string anzeigeForm(const std::string& ziffern, bool gruppieren = true) {
 }  // namespace
 
 std::string Hyp2Text(const Hyp& h) {
-    Hyp arbeit(h);
-    if (arbeit[0] < 1) arbeit[0] = 1;  // a fresh array reads as zero
-    std::string aus;
-    aus.reserve(size_t(arbeit.anzahl()) * 10 + 1);
-    // The top level: the smallest power whose square exceeds h.
-    const int32_t bits = aGetHighBitHyp(arbeit) + 1;
-    int k = 0;
-    while (2 * (aGetHighBitHyp(Zehnerpotenz(size_t(k))) + 1) - 1 <= bits && arbeit.anzahl() > kBasisWorte) ++k;
-    teileText(arbeit, k, aus, 0);
-    return aus;
+    std::string text = ziffernWerte(h, 10);
+    for (char& c : text) c = char(c + '0');
+    return text;
 }
 
 std::string Hyp2TextNull(const Hyp& h) {
@@ -206,43 +233,28 @@ Hyp Ziffern2Hyp(const std::string& text) {
 }
 
 std::string HypInBasis(const Hyp& h, int32_t basis) {
-    if (basis == 10) return Hyp2Text(h);
-    std::vector<uint32_t> ziffern;  // lowest first
-    Hyp arbeit(h);
-    if (arbeit[0] < 1) arbeit[0] = 1;
+    std::string werte;  // digit values, highest first
     if ((basis & (basis - 1)) == 0) {
         // A power of two: each digit is a run of bits, read straight from the words.
         const int32_t k = __builtin_ctz(uint32_t(basis));
-        const int32_t bits = aGetHighBitHyp(arbeit) + 1;
-        for (int32_t i = 0; i < bits || ziffern.empty(); i += k) {
+        const int32_t bits = h[0] < 1 ? 0 : aGetHighBitHyp(h) + 1;
+        const int32_t stellen = bits == 0 ? 1 : (bits + k - 1) / k;
+        werte.resize(size_t(stellen));
+        for (int32_t d = 0; d < stellen; ++d) {
             uint32_t z = 0;
-            for (int32_t b = k - 1; b >= 0; --b) z = z * 2 + (i + b < bits && aBitTestHyp(arbeit, i + b) ? 1 : 0);
-            ziffern.push_back(z);
+            for (int32_t b = k - 1; b >= 0; --b) {
+                const int32_t i = d * k + b;
+                z = z * 2 + (i < bits && aBitTestHyp(h, i) ? 1 : 0);
+            }
+            werte[size_t(stellen - 1 - d)] = char(z);
         }
     } else {
-        // Several digits per quotient: the largest power of the base that fits a word.
-        uint32_t potenz = uint32_t(basis);
-        int32_t jeWort = 1;
-        while (uint64_t(potenz) * uint32_t(basis) <= 0xFFFFFFFFull) {
-            potenz *= uint32_t(basis);
-            ++jeWort;
-        }
-        for (int schritt = 1; arbeit.anzahl() > 1 || uint32_t(arbeit[1]) >= potenz; ++schritt) {
-            uint32_t r = uint32_t(aDivHyp32(arbeit, int32_t(potenz)));
-            for (int32_t i = 0; i < jeWort; ++i) {
-                ziffern.push_back(r % uint32_t(basis));
-                r /= uint32_t(basis);
-            }
-            if (schritt % 256 == 0 && arbeit.anzahl() > 1024) RechnenYield();
-        }
-        for (uint32_t r = uint32_t(arbeit[1]); r != 0; r /= uint32_t(basis)) ziffern.push_back(r % uint32_t(basis));
+        werte = ziffernWerte(h, basis);
     }
-    while (ziffern.size() > 1 && ziffern.back() == 0) ziffern.pop_back();
-    if (ziffern.empty()) ziffern.push_back(0);
     std::string aus;
-    aus.reserve(ziffern.size() * (basis <= 16 ? 1 : 3));
-    for (size_t i = ziffern.size(); i-- > 0;) {
-        const uint32_t z = ziffern[i];
+    aus.reserve(werte.size() * (basis <= 16 ? 1 : 3));
+    for (char c : werte) {
+        const uint32_t z = uint32_t(uint8_t(c));
         if (basis <= 10) {
             aus.push_back(char('0' + z));
         } else if (basis == 16) {

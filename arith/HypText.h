@@ -1,5 +1,6 @@
 // HypText: Hyp numbers to decimal text and back, and the display form of a large number.
-// Both directions are divide and conquer by the powers 10^(9*2^k), so a number of a million
+// Both directions are divide and conquer by the powers 10^(9*2^k) (in other bases by the
+// powers of the largest power of the base that fits a word), so a number of a million
 // digits converts in a few tenths of a second through the library's wide products and
 // quotients; only pieces of a few dozen words go word by word.
 #pragma once
@@ -37,8 +38,8 @@ Hyp Ziffern2Hyp(const std::string& text);
 
 // h in base 2..36 with the digit rules of ZahlInBasis: decimal digits up to base 10, letters
 // from "A" in base 16, each digit as a decimal number and a blank in any other base.
-// Powers of two read the bits directly; other bases divide word by word, which is quadratic
-// and yields (a stop ends it with Laufzeitfehler 18).
+// Powers of two read the bits directly; other bases split by powers of the base as decimal
+// text does.
 std::string HypInBasis(const Hyp& h, int32_t basis);
 
 }  // namespace sw
