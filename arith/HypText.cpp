@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "arith/basHyper.h"
-#include "arith/basRechnen.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Zeichenketten.h"
 #include "frame/basZentral.h"

@@ -151,7 +151,7 @@ private:
     bool abbruchVorher_;
 };
 
-int operationen = 0;
+unsigned operationen = 0;
 
 void ab_und_zu_yield(const Hyp& r) {
     if (r.anzahl() > 4096 || ++operationen % kYieldJeOperationen == 0) RechnenYield();

@@ -147,52 +147,48 @@ Hyp HypPotenz(const Hyp& b, const Hyp& e) {
     return r;
 }
 
-Hyp HypPotenzMod(int32_t b, const Hyp& e, const Hyp& m) {
-    if (istNull(e)) return HypEins;
-    modulPruefen(m);
-    const Reduzierer red(m);
-    const int32_t n = m.anzahl();
-    Hyp r = wort(uint32_t(b));
-    r.mindestens(n + 2);
-    aModHypHyp(r, m);
-    // The base is one word, so a multiplying step is a word product and one short quotient:
-    // a window over the exponent would save nothing but those cheap steps.
-    for (int32_t i = aGetHighBitHyp(e) - 1; i >= 0; --i) {
-        Hyp q(2 * n + 2);
-        aQuadHyp(q, r);
-        red.reduzieren(q);
-        r = std::move(q);
-        if (aBitTestHyp(e, i)) {
-            aMulHyp32(r, b);
-            aModHypHyp(r, m);
-        }
-    }
-    r.setzeObergrenze(r.anzahl());
-    return r;
-}
+namespace {
 
-Hyp ZweiPotenzMod(const Hyp& e, const Hyp& m) {
+// b^e mod m for a word base, left to right over the bits of e: a square and a reduction per
+// bit, and for a set bit the step mal(r), which multiplies the residue by b and reduces it.
+template <typename Mal>
+Hyp potenzMod(uint32_t b, const Hyp& e, const Hyp& m, Mal mal) {
     if (istNull(e)) return HypEins;
     modulPruefen(m);
     const Reduzierer red(m);
     const int32_t n = m.anzahl();
     Hyp r(2 * n + 2);
-    r[1] = 2;
+    r[1] = int32_t(b);
     aModHypHyp(r, m);
     for (int32_t i = aGetHighBitHyp(e) - 1; i >= 0; --i) {
         Hyp q(2 * n + 2);
         aQuadHyp(q, r);
         red.reduzieren(q);
         r = std::move(q);
-        if (aBitTestHyp(e, i)) {
-            // Doubling a residue stays below 2m: one conditional subtraction replaces the
-            // quotient (aSubHypHyp leaves r alone when m is greater).
-            aMulHyp2(r);
-            aSubHypHyp(r, m);
-        }
+        if (aBitTestHyp(e, i)) mal(r);
     }
     r.setzeObergrenze(r.anzahl());
     return r;
+}
+
+}  // namespace
+
+Hyp HypPotenzMod(int32_t b, const Hyp& e, const Hyp& m) {
+    // The base is one word, so a multiplying step is a word product and one short quotient:
+    // a window over the exponent would save nothing but those cheap steps.
+    return potenzMod(uint32_t(b), e, m, [&](Hyp& r) {
+        aMulHyp32(r, b);
+        aModHypHyp(r, m);
+    });
+}
+
+Hyp ZweiPotenzMod(const Hyp& e, const Hyp& m) {
+    return potenzMod(2, e, m, [&](Hyp& r) {
+        // Doubling a residue stays below 2m: one conditional subtraction replaces the
+        // quotient (aSubHypHyp leaves r alone when m is greater).
+        aMulHyp2(r);
+        aSubHypHyp(r, m);
+    });
 }
 
 Hyp HypGGT(const Hyp& a, const Hyp& b) {
@@ -384,19 +380,9 @@ Hyp FFTArr2Int(std::vector<int32_t> a) {
 }
 
 int32_t ModInverseLong(int32_t a, int32_t m) {
-    if (m == 0 || aGGT(a, m) != 1) return 0;
-    int64_t r0 = m, r1 = a % m, t0 = 0, t1 = 1;
-    if (r1 < 0) r1 += m;
-    while (r1 != 0) {
-        const int64_t q = r0 / r1;
-        const int64_t r2 = r0 - q * r1, t2 = t0 - q * t1;
-        r0 = r1;
-        r1 = r2;
-        t0 = t1;
-        t1 = t2;
-    }
-    if (t0 < 0) t0 += m;
-    return int32_t(t0 % m);
+    if (m <= 0) return 0;
+    const int32_t rest = a % m;  // the inverse of a negative a is that of its residue
+    return aModInverse(rest < 0 ? rest + m : rest, m);
 }
 
 int32_t GGTLong(int32_t aWort, int32_t bWort) {
