@@ -289,7 +289,8 @@ void aNullHyp(Long* h, Long n);         /* h := 0 and words 1..n cleared; room n
 /* q := a div d (room: count of a), a := a mod d (count 1); returns the remainder too. */
 Long aDivModHyp32(Long* q, Long* a, Long d);
 
-/* Two Hyps. Product targets are zeroed by the caller and never overlap an operand. */
+/* Two Hyps. Product and quotient targets never overlap an operand; the library writes every
+ * word of the result and sets the count, so a target need not be cleared first. */
 void aAddHypHyp(Long* a, const Long* b);   /* a += b; room max(count a, count b) + 1 */
 Long aSubHypHyp(Long* a, const Long* b);   /* a -= b unless b > a: 1 positive, 0 zero, -1 b greater (a kept) */
 Long aCmpHypHyp(const Long* a, const Long* b);   /* -1, 0, 1 */

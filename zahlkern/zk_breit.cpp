@@ -16,20 +16,12 @@ namespace {
 
 static_assert(sizeof(mp_limb_t) == 8, "the limb copies assume 64-bit limbs");
 
-// Scratch limbs of the calling thread: a fixed block for short numbers (a trivial type, so
-// reaching it costs no thread-local initialisation check), grow-only vectors beyond it; a
-// call allocates only when it is the widest this thread has seen.
-constexpr size_t kKurzLimbs = 128;
-thread_local mp_limb_t kurz[4][kKurzLimbs];
-
-struct LimbPuffer {
-    std::vector<mp_limb_t> v[4];
-};
-thread_local LimbPuffer lang;
+// Grow-only scratch limbs of the calling thread: a call allocates only when it is the widest
+// this thread has seen.
+thread_local std::vector<mp_limb_t> puffer[4];
 
 inline mp_limb_t* platz(int i, size_t limbs) {
-    if (limbs <= kKurzLimbs) return kurz[i];
-    std::vector<mp_limb_t>& v = lang.v[i];
+    std::vector<mp_limb_t>& v = puffer[i];
     if (v.size() < limbs) v.resize(limbs + limbs / 4 + 4);
     return v.data();
 }

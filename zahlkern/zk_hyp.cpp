@@ -8,6 +8,7 @@
 
 #include "zahlkern/zk_breit.h"
 #include "zahlkern/zk_hyp.h"
+#include "zahlkern/zk_modular.h"
 
 using namespace zk;
 
@@ -79,20 +80,38 @@ void subtrahiere_wort(Long* h, u32 v) {
     normalisieren(h, n);
 }
 
-// Quotient by a word in place from the top; returns the remainder.
+// Quotient by a word in place from the top; returns the remainder. Two words go through one
+// 128-by-64 division: the remainder so far is below d, so the quotient fits 64 bits, and the
+// number of divisions, which set the pace, is halved.
 u32 teile_wort(u32* w, int32_t n, u32 d) {
     u64 rest = 0;
-    for (int32_t i = n - 1; i >= 0; --i) {
-        const u64 cur = (rest << 32) | w[i];
-        w[i] = u32(cur / d);
-        rest = cur % d;
+    int32_t i = n;
+    if (i & 1) {  // an odd top word alone
+        --i;
+        rest = w[i] % d;
+        w[i] = w[i] / d;
+    }
+    while (i > 0) {
+        i -= 2;
+        const u64 paar = (u64(w[i + 1]) << 32) | w[i];
+        const u64 q = teile128(rest, paar, d, rest);
+        w[i] = u32(q);
+        w[i + 1] = u32(q >> 32);
     }
     return u32(rest);
 }
 
 u32 rest_wort(const u32* w, int32_t n, u32 d) {
     u64 rest = 0;
-    for (int32_t i = n - 1; i >= 0; --i) rest = ((rest << 32) | w[i]) % d;
+    int32_t i = n;
+    if (i & 1) {
+        --i;
+        rest = w[i] % d;
+    }
+    while (i > 0) {
+        i -= 2;
+        rest = rest128(rest, (u64(w[i + 1]) << 32) | w[i], d);
+    }
     return u32(rest);
 }
 

@@ -20,19 +20,45 @@ inline u32 w32(Long x) { return u32(x); }
 
 // Scratch numbers of the calling thread, initialised once and grown by GMP as needed.
 struct GrossRechner {
-    mpz_t q, d, s, c, y, t, g, v, zwei;
+    mpz_t q, s, c, y, t, g, v, zwei;
     GrossRechner() {
-        mpz_inits(q, d, s, c, y, t, g, v, nullptr);
+        mpz_inits(q, s, c, y, t, g, v, nullptr);
         mpz_init_set_ui(zwei, 2);
     }
-    ~GrossRechner() { mpz_clears(q, d, s, c, y, t, g, v, zwei, nullptr); }
+    ~GrossRechner() { mpz_clears(q, s, c, y, t, g, v, zwei, nullptr); }
 };
 thread_local GrossRechner gr;
 
-struct KleinFaktor {
-    u32 p;
-    int k;
-};
+// The prime factors below 2^16 of gr.c, divided out: 128-bit numbers by multiplying with
+// inverses (zk_modular), longer ones through GMP. Grow-only, as a long q - 1 can have
+// thousands of them.
+thread_local std::vector<Faktor> faktoren;
+
+void probedivision(u32 bis) {
+    faktoren.clear();
+    if (mpz_sizeinbase(gr.c, 2) <= 128) {
+        u64 w[2] = {0, 0};
+        mpz_export(w, nullptr, -1, 8, 0, 0, gr.c);
+        u128 c = (u128(w[1]) << 64) | w[0];
+        Faktor f[32];
+        const int anz = probedivision128(c, bis, f, 0);
+        faktoren.assign(f, f + anz);
+        w[0] = u64(c);
+        w[1] = u64(c >> 64);
+        mpz_import(gr.c, 2, -1, 8, 0, 0, w);
+        return;
+    }
+    for (u32 p : kleine_primzahlen()) {
+        if (p > bis) break;
+        if (!mpz_divisible_ui_p(gr.c, p)) continue;
+        int k = 0;
+        do {
+            mpz_divexact_ui(gr.c, gr.c, p);
+            ++k;
+        } while (mpz_divisible_ui_p(gr.c, p));
+        faktoren.push_back(Faktor{p, k});
+    }
+}
 
 // Open-addressed table for the baby steps: key = low limb of y^j, value j.
 struct BabyTabelle {
@@ -106,22 +132,12 @@ u32 ordnung2_gross(u32 grenze) {
     }
     // q - 1 = S * C with S made of the primes up to B = min(grenze, 2^16) and C of larger
     // ones. A prime above grenze cannot divide an order of at most grenze.
-    KleinFaktor faktoren[64];
-    int anz = 0;
-    mpz_sub_ui(gr.d, gr.q, 1);
-    mpz_set(gr.c, gr.d);
-    mpz_set_ui(gr.s, 1);
+    mpz_sub_ui(gr.c, gr.q, 1);
     const u32 B = std::min<u32>(grenze, 65536);
-    for (u32 p : kleine_primzahlen()) {
-        if (p > B) break;
-        if (!mpz_divisible_ui_p(gr.c, p)) continue;
-        int k = 0;
-        do {
-            mpz_divexact_ui(gr.c, gr.c, p);
-            mpz_mul_ui(gr.s, gr.s, p);
-            ++k;
-        } while (mpz_divisible_ui_p(gr.c, p));
-        faktoren[anz++] = KleinFaktor{p, k};
+    probedivision(B);
+    mpz_set_ui(gr.s, 1);
+    for (const Faktor& f : faktoren) {
+        for (int j = 0; j < f.k; ++j) mpz_mul_ui(gr.s, gr.s, f.p);
     }
     // y = 2^S: if it is 1 the order divides S; else y's order is the part of the order made of
     // primes above B, and as B^2 > grenze that part is one prime r dividing C.
@@ -142,9 +158,9 @@ u32 ordnung2_gross(u32 grenze) {
     }
     // The order is r * t with t | S: divide S's primes out while 2^(r t / p) stays 1.
     mpz_mul_ui(gr.s, gr.s, r);
-    for (int i = 0; i < anz; ++i) {
-        for (int j = 0; j < faktoren[i].k; ++j) {
-            mpz_divexact_ui(gr.t, gr.s, faktoren[i].p);
+    for (const Faktor& f : faktoren) {
+        for (int j = 0; j < f.k; ++j) {
+            mpz_divexact_ui(gr.t, gr.s, f.p);
             if (!zwei_hoch_ist_eins(gr.t)) break;
             mpz_set(gr.s, gr.t);
         }
@@ -158,16 +174,8 @@ u32 max_reduce_gross(u32 grenze) {
     if (mpz_cmp_ui(gr.q, 3) < 0) return 0;
     mpz_sub_ui(gr.c, gr.q, 1);
     mpz_tdiv_q_2exp(gr.c, gr.c, mpz_scan1(gr.c, 0));
-    u32 groesster = 1;
-    for (u32 p : kleine_primzahlen()) {
-        if (p == 2) continue;
-        if (mpz_cmp_ui(gr.c, 1) == 0) break;
-        if (!mpz_divisible_ui_p(gr.c, p)) continue;
-        do {
-            mpz_divexact_ui(gr.c, gr.c, p);
-        } while (mpz_divisible_ui_p(gr.c, p));
-        groesster = p;
-    }
+    probedivision(65535);
+    const u32 groesster = faktoren.empty() ? 1 : faktoren.back().p;
     if (mpz_cmp_ui(gr.c, 1) == 0) return std::min(groesster, grenze);
     if (mpz_cmp_ui(gr.c, grenze) <= 0) return u32(mpz_get_ui(gr.c));
     return grenze;

@@ -425,6 +425,41 @@ u32 ordnung2_64(u64 q, u32 grenze) {
     return o <= grenze ? u32(o) : 0;
 }
 
+int probedivision128(u128& c, u32 bis, Faktor* aus, int anz) {
+    if (c == 0) return anz;
+    if (bis >= 2 && (c & 1) == 0) {
+        const u64 tief = u64(c);
+        const int k = tief != 0 ? __builtin_ctzll(tief) : 64 + __builtin_ctzll(u64(c >> 64));
+        c >>= k;
+        aus[anz++] = Faktor{2, k};
+    }
+    for (const Probe64& pr : proben64()) {
+        if (pr.p > bis) break;
+        if (u128(pr.p) * pr.p > c) {  // what is left is 1 or a prime
+            if (c > 1 && c <= bis) {
+                aus[anz++] = Faktor{u32(c), 1};
+                c = 1;
+            }
+            break;
+        }
+        // p | c1 2^64 + c0: with q0 = c0 / p mod 2^64, q0 p = c0 + h 2^64, so p divides c
+        // exactly when it divides c1 - h, and then c / p = q0 + (c1 - h) / p 2^64.
+        int k = 0;
+        for (;;) {
+            const u64 c0 = u64(c), c1 = u64(c >> 64);
+            const u64 q0 = c0 * pr.inv;
+            const u64 h = u64((u128(q0) * pr.p) >> 64);
+            if (c1 < h) break;
+            const u64 rest = (c1 - h) * pr.inv;
+            if (rest > pr.grenze) break;
+            c = (u128(rest) << 64) | q0;
+            ++k;
+        }
+        if (k != 0) aus[anz++] = Faktor{pr.p, k};
+    }
+    return anz;
+}
+
 u32 max_reduce64(u64 q, u32 grenze) {
     if (q < 3) return 0;
     u64 x = (q - 1) >> __builtin_ctzll(q - 1);

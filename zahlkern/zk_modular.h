@@ -23,6 +23,19 @@ inline u64 rest128(u64 hi, u64 lo, u64 d) {
 #endif
 }
 
+// (hi 2^64 + lo) div d for hi < d, the remainder into rest.
+inline u64 teile128(u64 hi, u64 lo, u64 d, u64& rest) {
+#if defined(__x86_64__)
+    u64 q;
+    __asm__("divq %4" : "=a"(q), "=d"(rest) : "a"(lo), "d"(hi), "rm"(d) : "cc");
+    return q;
+#else
+    const u128 n = (u128(hi) << 64) | lo;
+    rest = u64(n % d);
+    return u64(n / d);
+#endif
+}
+
 // Reduction modulo m (2 <= m < 2^32) by one high multiply with floor((2^64-1)/m) instead of
 // a division: x - floor(x*v/2^64)*m is below 2m for every x < 2^64.
 struct Barrett {
@@ -78,5 +91,10 @@ u32 ordnung2_64(u64 q, u32 grenze);
 
 // The bound of aMersTeilerMaxReduceDec/Hyp for q below 64 bits.
 u32 max_reduce64(u64 q, u32 grenze);
+
+// Divides every prime up to bis (below 2^16) out of c, appending (p, k) to aus, and returns
+// the new count; fewer than 32 distinct primes fit in 128 bits. Afterwards c has no prime
+// factor up to bis.
+int probedivision128(u128& c, u32 bis, Faktor* aus, int anz);
 
 }  // namespace zk

@@ -266,6 +266,49 @@ TEST(KernMersenne, KleineOrdnungenUeber32Bit) {
     EXPECT_GT(faelle, 2);
 }
 
+TEST(KernMersenne, SchrankeBreiterKandidaten) {
+    // The bound from q of 33 to 160 bits against trial division in GMP: the largest prime
+    // factor of the odd part of q - 1 when the primes below 2^16 settle it, else that part
+    // with them divided out, cut to the limit.
+    Mpz q, c;
+    for (int i = 0; i < 400 / kFaktor; ++i) {
+        const int bits = 33 + int(zufallsWort() % 128);
+        const std::vector<uint32_t> w = muster((bits + 31) / 32, int(zufallsWort() % kMusterArten));
+        q.setze(w);
+        mpz_fdiv_r_2exp(q.z, q.z, mp_bitcnt_t(bits));
+        mpz_setbit(q.z, 32);
+        mpz_setbit(q.z, 0);
+        if (i % 3 == 0) {  // a smooth q - 1 now and then: 2^a 3^b 5^c ... + 1
+            mpz_set_ui(q.z, 1);
+            for (int j = 0; j < 12; ++j) mpz_mul_ui(q.z, q.z, 3 + 2 * (zufallsWort() % 40));
+            mpz_mul_2exp(q.z, q.z, 1 + zufallsWort() % 8);
+            mpz_add_ui(q.z, q.z, 1);
+        }
+        const uint32_t grenze = i % 2 ? 2147483647u : (zufallsWort() >> 1) + 1;
+        mpz_sub_ui(c.z, q.z, 1);
+        mpz_fdiv_q_2exp(c.z, c.z, mpz_scan1(c.z, 0));
+        uint32_t groesster = 1;
+        for (uint32_t p = 3; p < 65536; p += 2) {
+            if (mpz_divisible_ui_p(c.z, p)) {
+                groesster = p;
+                while (mpz_divisible_ui_p(c.z, p)) mpz_divexact_ui(c.z, c.z, p);
+            }
+        }
+        uint32_t soll;
+        if (mpz_cmp_ui(c.z, 1) == 0) soll = std::min(groesster, grenze);
+        else if (mpz_cmp_ui(c.z, grenze) <= 0) soll = uint32_t(mpz_get_ui(c.z));
+        else soll = grenze;
+        sw::Hyp h = hypAus(q.z, int32_t(mpz_sizeinbase(q.z, 2) / 32 + 2));
+        ASSERT_EQ(uint32_t(aMersTeilerMaxReduceHyp(h, int32_t(grenze))), soll) << q.text() << " " << grenze;
+        if (mpz_sizeinbase(q.z, 2) <= 96) {
+            uint32_t d[3] = {0, 0, 0};
+            mpz_export(d, nullptr, -1, 4, 0, 0, q.z);
+            DecimalSatz dq = decAus((static_cast<unsigned __int128>(d[2]) << 64) | (uint64_t(d[1]) << 32) | d[0]);
+            ASSERT_EQ(uint32_t(aMersTeilerMaxReduceDec(&dq, int32_t(grenze))), soll) << q.text() << " " << grenze;
+        }
+    }
+}
+
 TEST(KernMersenne, StartOffsetTabelle) {
     // Rows: prime, residue, step, long step. The third row wraps to 0; the rows behind it
     // must still move.
