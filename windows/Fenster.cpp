@@ -314,46 +314,64 @@ void Fenster::closeEvent(QCloseEvent* e) {
 
 namespace {
 
-struct IconArt {
-    const char* tag;
-    QStyle::StandardPixmap bild;
-    const char* zeichen;  // drawn when the style has no fitting picture
-};
-
-// The icon of a tag: the style's picture where one fits, else a drawn letter.
-QIcon iconFuer(const QWidget* w, const IconArt& art) {
-    if (!art.zeichen) return w->style()->standardIcon(art.bild);
+// Icons the style has no fitting picture for are drawn here, in the colour of button texts,
+// so that they follow the palette.
+QIcon gezeichnet(const QWidget* w, const QString& tag) {
     QPixmap pm(24, 24);
     pm.fill(Qt::transparent);
     QPainter p(&pm);
     p.setRenderHint(QPainter::Antialiasing);
-    QFont f = w->font();
-    f.setBold(true);
-    f.setPixelSize(15);
-    p.setFont(f);
-    p.setPen(w->palette().color(QPalette::ButtonText));
-    p.drawText(pm.rect(), Qt::AlignCenter, QString::fromUtf8(art.zeichen));
+    const QColor tinte = w->palette().color(QPalette::ButtonText);
+    const QColor papier = w->palette().color(QPalette::Base);
+    p.setPen(QPen(tinte, 1.5));
+    if (tag == "Print") {
+        p.setBrush(papier);
+        p.drawRect(QRectF(7.5, 3.5, 9, 6));
+        p.setBrush(tinte.lighter(250));
+        p.drawRoundedRect(QRectF(3.5, 9.5, 17, 8), 2, 2);
+        p.setBrush(papier);
+        p.drawRect(QRectF(7.5, 14.5, 9, 6));
+    } else if (tag == "Foto") {
+        p.setBrush(tinte.lighter(250));
+        p.drawRoundedRect(QRectF(2.5, 7.5, 19, 12), 2, 2);
+        p.drawRect(QRectF(8.5, 4.5, 6, 3));
+        p.setBrush(papier);
+        p.drawEllipse(QPointF(12, 13.5), 4, 4);
+    } else if (tag == "Calc") {
+        p.setBrush(papier);
+        p.drawRoundedRect(QRectF(5.5, 2.5, 13, 19), 2, 2);
+        p.drawRect(QRectF(8, 5, 8, 3));
+        p.setPen(Qt::NoPen);
+        p.setBrush(tinte);
+        for (int zeile = 0; zeile < 3; ++zeile) {
+            for (int spalte = 0; spalte < 3; ++spalte) p.drawRect(QRectF(8 + 3 * spalte, 11 + 3 * zeile, 2, 2));
+        }
+    } else if (tag == "Exit") {
+        p.setPen(QPen(QColor(0xC0, 0x30, 0x30), 2.5, Qt::SolidLine, Qt::RoundCap));
+        p.drawLine(QPointF(6, 6), QPointF(18, 18));
+        p.drawLine(QPointF(18, 6), QPointF(6, 18));
+    } else if (tag == "Font") {
+        QFont f = w->font();
+        f.setBold(true);
+        f.setPixelSize(17);
+        p.setFont(f);
+        p.drawText(pm.rect(), Qt::AlignCenter, "A");
+    }
     return QIcon(pm);
 }
 
-const IconArt* artVon(const QString& tag) {
-    static const IconArt arten[] = {
-        {"Nav0", QStyle::SP_MediaSkipBackward, nullptr}, {"Nav1", QStyle::SP_MediaSeekBackward, nullptr},
-        {"Nav2", QStyle::SP_ArrowUp, nullptr},           {"Nav3", QStyle::SP_ArrowDown, nullptr},
-        {"Nav4", QStyle::SP_MediaSeekForward, nullptr},  {"Nav5", QStyle::SP_MediaSkipForward, nullptr},
-        {"Table", QStyle::SP_FileDialogDetailedView, nullptr},
-        {"Font", QStyle::SP_CustomBase, "A"},
-        {"Print", QStyle::SP_CustomBase, "\u2399"},
-        {"Open", QStyle::SP_DialogOpenButton, nullptr},
-        {"Save", QStyle::SP_DialogSaveButton, nullptr},
-        {"Foto", QStyle::SP_CustomBase, "\u25A3"},
-        {"Calc", QStyle::SP_CustomBase, "\u00B1"},
-        {"Exit", QStyle::SP_DialogCloseButton, nullptr},
+QIcon iconFuer(const QWidget* w, const QString& tag) {
+    static const std::pair<const char*, QStyle::StandardPixmap> stil[] = {
+        {"Nav0", QStyle::SP_MediaSkipBackward}, {"Nav1", QStyle::SP_MediaSeekBackward},
+        {"Nav2", QStyle::SP_ArrowUp},           {"Nav3", QStyle::SP_ArrowDown},
+        {"Nav4", QStyle::SP_MediaSeekForward},  {"Nav5", QStyle::SP_MediaSkipForward},
+        {"Table", QStyle::SP_FileDialogDetailedView}, {"Open", QStyle::SP_DialogOpenButton},
+        {"Save", QStyle::SP_DialogSaveButton},
     };
-    for (const IconArt& a : arten) {
-        if (tag == QLatin1String(a.tag)) return &a;
+    for (const auto& [name, bild] : stil) {
+        if (tag == QLatin1String(name)) return w->style()->standardIcon(bild);
     }
-    return nullptr;
+    return gezeichnet(w, tag);
 }
 
 }  // namespace
@@ -389,7 +407,7 @@ void Fenster::IconsAufbauen(const QString& buchstaben) {
             auto* knopf = Benannt(new QToolButton(iconLeiste_), "btnIcon", index);
             knopf->setProperty("tag", tag);
             knopf->setAutoRaise(true);
-            if (const IconArt* art = artVon(tag)) knopf->setIcon(iconFuer(this, *art));
+            knopf->setIcon(iconFuer(this, tag));
             std::string wert;
             if (SektionWert(texte, s(tag), wert)) {
                 SteuerText st = WertZerlegen(wert);
