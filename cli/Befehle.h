@@ -12,5 +12,7 @@ namespace sw::cli {
 void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // count, primes, next, prev, isprime, factor: questions put to a raster.
 void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// eval: evaluates a formula and prints its value and digit count.
+void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 }  // namespace sw::cli

@@ -1,0 +1,62 @@
+// basHyper: the expression evaluator. A formula such as 2^127-1 or SQR(1000) is not parsed
+// into a tree: the text is rewritten, each evaluated part replaced by its decimal result,
+// until one number is left. Results of 21 words and more go into the store HypSpeicher and
+// the text gets "#" and their index instead, so they never pass through text on the way.
+//
+// The precedence is the program's own: brackets (innermost rightmost first), then functions,
+// then all "^", all "%", all "/", all "*", all "+", all "-", each kind from the left. So %
+// and / bind more strongly than *, + more strongly than -, and 2^3^2 is 64.
+//
+// A result above HoechstBits bits, a division or modulo by 0, a character the language does
+// not know, a ")" without "(" and a stop by the user end the evaluation with a Laufzeitfehler
+// that names the place; a missing ")" shows text 437 and gives that level the value 1.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "zahlkern/Hyp.h"
+
+namespace sw {
+
+// The store of long intermediate results; emptied after each evaluation.
+extern std::vector<Hyp> HypSpeicher;
+// A copy of element k of the store, k given as its digits; an unknown k is Laufzeitfehler 9.
+Hyp SpeicherElement(const std::string& k);
+
+// Evaluates a formula as a user writes it; the empty text gives 1. With vorrat, the store
+// starts as a copy of it, so "#k" names vorrat[k] (the calculator's memories).
+Hyp Auswerten(const std::string& text, const std::vector<Hyp>* vorrat = nullptr);
+// One level: brackets, functions, operators; t is already normalised.
+Hyp KlammernAuswerten(std::string t);
+// t with the one operation at position p done.
+std::string OperatorAnwenden(const std::string& t, size_t p, char op);
+// t with every function call replaced by its value, from the left.
+std::string FunktionenErsetzen(std::string t);
+// SQR and SQRT: the integer root; SQRMOD: the rest n - root^2; any other name: a itself.
+Hyp FunktionAnwenden(const std::string& name, const Hyp& a);
+// t with the word replaced wherever neither neighbour is a letter A to Z.
+std::string WortErsetzen(const std::string& t, const std::string& wort, const std::string& ersatz);
+
+// The formula word of text 168 ("Formel:").
+std::string FormelWort();
+// A field's text as a Hyp: behind the formula word a formula, else a plain number.
+Hyp Formel2Hyp(const std::string& text);
+// The two forms of a formula field on leaving it. The text form shows the grouped number, or
+// the formula word, a blank and the formula when the number has 100 characters or more; the
+// word form keeps the formula from 21 words on without converting at all. No value (nullopt)
+// when the evaluation failed; its message has been shown.
+std::optional<std::string> FormelFeldText(const std::string& feld);
+std::optional<std::string> FormelFeldWorte(const std::string& feld);
+
+// s (s+1) ... n; 1 when s > n. n! is Fakultaet(2, n).
+Hyp Fakultaet(int32_t s, int32_t n);
+// The product of the primes from s to n; text keys 169 and 170 name s = 2 and s = 3.
+Hyp Primorial(int32_t s, int32_t n);
+// F(n) with F(0) = 0, F(1) = 1.
+Hyp FibonacciHyp(int32_t n);
+// P(n) with P(0) = 3, P(1) = 0, P(2) = 2, P(n) = P(n-2) + P(n-3).
+Hyp PerrinHyp(int32_t n);
+
+}  // namespace sw
