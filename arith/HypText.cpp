@@ -5,6 +5,7 @@
 
 #include "arith/basHyper.h"
 #include "frame/Laufzeitfehler.h"
+#include "frame/Zahlformat.h"
 #include "frame/Zeichenketten.h"
 #include "frame/basZentral.h"
 #include "zahlkern/zahlkern.h"
@@ -189,19 +190,6 @@ std::string Hyp2Anzeige(const Hyp& h) { return anzeigeForm(Hyp2Text(h)); }
 std::string Hyp2AnzeigeNull(const Hyp& h) { return anzeigeForm(Hyp2TextNull(h)); }
 std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren) { return anzeigeForm(ziffern, gruppieren); }
 
-std::string ZiffernGruppieren(const std::string& ziffern) {
-    if (FormatAnzahl <= 0 || FormatZeichen.empty() || ziffern.size() <= size_t(FormatAnzahl)) return ziffern;
-    const size_t n = ziffern.size(), g = size_t(FormatAnzahl);
-    std::string aus;
-    aus.reserve(n + (n / g) * FormatZeichen.size());
-    size_t erste = n % g == 0 ? g : n % g;
-    aus.append(ziffern, 0, erste);
-    for (size_t i = erste; i < n; i += g) {
-        aus += FormatZeichen;
-        aus.append(ziffern, i, g);
-    }
-    return aus;
-}
 
 Hyp Text2Hyp(const std::string& text) {
     const std::string t = Trimmen(text);

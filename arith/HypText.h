@@ -25,10 +25,6 @@ std::string Hyp2AnzeigeNull(const Hyp& h);
 // The same for a digit text already at hand; digits of other bases are shortened, not grouped.
 std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren = true);
 
-// Groups a digit text from the right; linear in the length, so that a million digits group
-// in a millisecond.
-std::string ZiffernGruppieren(const std::string& ziffern);
-
 // A decimal text to a Hyp. "#k" is a copy of element k of the evaluator's store. Otherwise the
 // text is trimmed, "." and FormatZeichen are dropped, and every other character is one digit,
 // a non-digit counting as 0. The result's upper bound is its count.

@@ -10,6 +10,7 @@
 #include "frame/Laufzeitfehler.h"
 #include "frame/Meldungen.h"
 #include "frame/Texte.h"
+#include "frame/Zahlformat.h"
 #include "frame/Zeichenketten.h"
 #include "frame/basZentral.h"
 #include "zahlkern/zahlkern.h"

@@ -7,6 +7,7 @@
 #include "arith/HypText.h"
 #include "arith/basHyper.h"
 #include "frame/Laufzeitfehler.h"
+#include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "zahlkern/zahlkern.h"
 
