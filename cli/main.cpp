@@ -1,12 +1,16 @@
 // sw-cli: the jobs of SW without a window, for scripts, batch systems and machines without a
 // display. One subcommand per job family; readable text by default, one JSON object with
-// --json; a one-line message and exit code 1 on bad input.
+// --json; a one-line message and exit code 1 on bad input; Ctrl-C stops the job and keeps
+// what was printed.
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
+#include <functional>
 #include <iostream>
 
+#include "Befehle.h"
+#include "CliUmgebung.h"
 #include "frame/Laufzeitfehler.h"
-#include "frame/OberflaecheTerminal.h"
 #include "frame/Pfade.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
@@ -14,32 +18,50 @@
 
 int main(int argc, char** argv) {
     using namespace sw;
+    using namespace sw::cli;
     CLI::App app{"sw-cli - SW, die Werkbank für experimentelle Zahlentheorie, im Terminal"};
     app.set_version_flag("--version", "sw-cli " + VersionText());
     app.require_subcommand(0, 1);
     bool ja = false;
     app.add_flag("--yes,-y", ja, "answer every question of the program with Yes");
+    std::function<void()> auftrag;
+    SiebBefehlAnmelden(app, auftrag);
+    AbfrageBefehleAnmelden(app, auftrag);
 
+    auto fehler = [](const std::string& text) {
+        std::fflush(stdout);
+        std::cerr << "sw-cli: " << text << std::endl;
+        return 1;
+    };
     try {
         app.parse(argc, argv);
-    } catch (const CLI::ParseError& e) {
-        return app.exit(e);
-    }
-
-    static OberflaecheTerminal terminal;
-    terminal.JaSetzen(ja);
-    OberflaecheSetzen(&terminal);
-    OberflaecheTerminal::StrgCAbfangen();
-    try {
-        ProgrammPfad = ArbeitsOrdnerBestimmen();
-        RasterTabellenAufbauen();
-        if (app.get_subcommands().empty()) {
+        if (!auftrag) {
             std::cout << app.help();
             return 0;
         }
+        Terminal().JaSetzen(ja);
+        OberflaecheSetzen(&Terminal());
+        OberflaecheTerminal::StrgCAbfangen();
+        ProgrammPfad = ArbeitsOrdnerBestimmen();
+        RasterTabellenAufbauen();
+        auftrag();
+    } catch (const CLI::CallForHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::CallForAllHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::CallForVersion& e) {
+        return app.exit(e);
+    } catch (const CLI::ParseError& e) {
+        return fehler(e.what());
+    } catch (const CliFehler& e) {
+        return fehler(e.what());
     } catch (const Laufzeitfehler& e) {
-        std::cerr << "sw-cli: " << e.Beschreibung() << "\n";
-        return 1;
+        return fehler(e.Beschreibung());
+    } catch (const Abgebrochen&) {
+        fehler("stopped by Ctrl-C");
+        return 130;
+    } catch (const std::bad_alloc&) {
+        return fehler("not enough memory");
     }
     return 0;
 }

@@ -3,10 +3,13 @@
 // they have no bits. A result of 0 means there is no such prime in the range.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "frame/Decimal.h"
+#include "frame/basZentral.h"
+#include "sieve/RasterTabellen.h"
 
 namespace sw {
 
@@ -19,5 +22,39 @@ std::string FaktorenText(const Decimal& n);  // "2x2x3x7"; "?" behind an unprove
 int32_t MersenneNaechsterExponent(int32_t n);
 // Method 3: the block file of the limit, else a larger one cut down, else SiebProdukt.
 void BereichBeschaffen();
+
+// The number of zero bits in a run of raster words, at the speed of memory.
+uint64_t NullBitsZaehlen(const uint32_t* worte, size_t anzahl);
+
+// The enumerating loop of every caller that lists primes: calls ausgabe(p) for each prime
+// von <= p <= bis in ascending order, 2, 3, 5 first, until ausgabe returns false. Full words
+// are skipped with one comparison, and the clear bits are found by counting leading zeros.
+// Numbers beyond the raster's last word are never looked at; the caller keeps bis at or below
+// PrimaerGrenze, since the last word may hold clear bits above it.
+template <typename Ausgabe>
+void PrimzahlenDurchlaufen(uint64_t von, uint64_t bis, Ausgabe&& ausgabe) {
+    for (uint64_t klein : {2, 3, 5}) {
+        if (klein >= von && klein <= bis && !ausgabe(klein)) return;
+    }
+    if (von < 7) von = 7;
+    const uint64_t rasterEnde = uint64_t(RasterLetzterIndex) * RasterSpanne + RasterSpanne - 1;
+    if (bis > rasterEnde) bis = rasterEnde;
+    if (von > bis) return;
+    const uint32_t* const raster = PrimaerRaster.data();
+    const uint64_t letztesWort = bis / RasterSpanne;
+    for (uint64_t k = von / RasterSpanne; k <= letztesWort; ++k) {
+        const uint32_t wort = raster[k];
+        if (wort == 0xFFFFFFFFu) continue;
+        const uint64_t basis = k * RasterSpanne;
+        for (uint32_t frei = ~wort; frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const uint64_t p = basis + uint64_t(RasterRest[i + 1]);
+            if (p < von) continue;
+            if (p > bis) return;
+            if (!ausgabe(p)) return;
+        }
+    }
+}
 
 }  // namespace sw

@@ -1,0 +1,75 @@
+#!/usr/bin/env bash
+# Times sw-cli's primary sieve against primesieve (single thread) in one run and prints the
+# ratios: every method at 2e9, method 0 at 1e10, the load of a block file (P092.BLK) with
+# the count, the peak memory of `sw-cli sieve 2e9`, and the hashes of the saved rasters of
+# all methods (they must be equal).
+#
+#   bench/sieve_vs_primesieve.sh [BUILD_DIR]      (default: build/default; build it first)
+#
+# Only this script installs primesieve (the Debian package), and only when it is missing.
+set -euo pipefail
+
+ROOT=$(cd "$(dirname "$0")/.." && pwd)
+BUILD=${1:-$ROOT/build/default}
+CLI=$BUILD/bin/sw-cli
+[[ -x $CLI ]] || { echo "sieve_vs_primesieve: $CLI not found; build with: cmake --preset default && cmake --build --preset default" >&2; exit 1; }
+
+if ! command -v primesieve >/dev/null; then
+  SUDO=""; [[ $(id -u) -ne 0 ]] && SUDO="sudo"
+  echo "sieve_vs_primesieve: installing primesieve" >&2
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends primesieve >/dev/null
+fi
+
+WORK=$(mktemp -d)
+trap 'rm -rf "$WORK"' EXIT
+export SW_HOME=$WORK
+
+# Seconds of a command, best of N runs (the machine is shared; the best run is the fair one).
+best() {
+  local n=$1; shift
+  local best=""
+  for ((r = 0; r < n; r++)); do
+    local s e t
+    s=$(date +%s.%N); "$@" >/dev/null; e=$(date +%s.%N)
+    t=$(echo "$e - $s" | bc -l)
+    if [[ -z $best ]] || (( $(echo "$t < $best" | bc -l) )); then best=$t; fi
+  done
+  printf '%.3f' "$best"
+}
+
+ratio() { printf '%.2f' "$(echo "$1 / $2" | bc -l)"; }
+
+RUNS=${RUNS:-3}
+echo "primesieve $(primesieve --version | head -1 | awk '{print $NF}'), sw-cli $("$CLI" --version | awk '{print $NF}'), runs: best of $RUNS"
+PS2=$(best "$RUNS" primesieve 2e9 -t1 -c -q)
+PS10=$(best "$RUNS" primesieve 1e10 -t1 -c -q)
+printf '%-24s %10s %10s %8s\n' "job" "sw-cli s" "primes. s" "ratio"
+for m in 0 1 2 3 4 5 6; do
+  T=$(best "$RUNS" "$CLI" sieve 2e9 --method "$m")
+  NAME=$("$CLI" sieve 1000 --method "$m" --json | sed 's/.*"method_name":"\([^"]*\)".*/\1/')
+  printf '%-24s %10s %10s %8s\n' "2e9 $m $NAME" "$T" "$PS2" "$(ratio "$T" "$PS2")"
+done
+T=$(best 1 "$CLI" sieve 1e10 --method 0)
+printf '%-24s %10s %10s %8s\n' "1e10 0 SiebProdukt" "$T" "$PS10" "$(ratio "$T" "$PS10")"
+
+# Block load: P092.BLK in the working folder, then method 3 finds and loads it.
+"$CLI" sieve 2e9 --save "$WORK/P092.BLK" >/dev/null
+T=$(best "$RUNS" "$CLI" sieve 2e9 --method 3)
+printf '%-24s %10s   (target < 0.2 s, including the count)\n' "2e9 3 with P092.BLK" "$T"
+"$CLI" sieve 2e9 --method 3 --json
+rm -f "$WORK/P092.BLK"
+
+# Peak memory of the main method at 2e9 (the raster alone is 66.7 MB).
+KB=$(/usr/bin/time -v "$CLI" sieve 2e9 2>&1 >/dev/null | awk -F: '/Maximum resident/ {gsub(/ /, "", $2); print $2}')
+printf '%-24s %10s MB (target <= 80 MB)\n' "peak memory 2e9" "$(echo "scale=1; $KB / 1024" | bc)"
+
+# The saved rasters of all methods must be the same file.
+for m in 0 1 2 3 4 5 6; do
+  "$CLI" sieve 2e9 --method "$m" --save "$WORK/m$m.raster" >/dev/null
+  printf 'method %d sha256 %s\n' "$m" "$(sha256sum "$WORK/m$m.raster" | cut -c1-16)"
+done
+if [[ $(sha256sum "$WORK"/m*.raster | awk '{print $1}' | sort -u | wc -l) -eq 1 ]]; then
+  echo "hashes: all seven equal"
+else
+  echo "hashes: DIFFERENT"; exit 1
+fi

@@ -1,0 +1,16 @@
+// The command families of sw-cli; each adds its subcommands to the application. The command
+// that was chosen leaves its work in auftrag, which main runs once all flags are read.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+
+namespace sw::cli {
+
+// sieve: builds the primary raster by one of the seven methods, counts it, saves it.
+void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// count, primes, next, prev, isprime, factor: questions put to a raster.
+void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
+}  // namespace sw::cli

@@ -1,0 +1,200 @@
+#include "CliUmgebung.h"
+
+#include <cstdio>
+#include <limits>
+
+#include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
+#include "sieve/RasterTabellen.h"
+#include "sieve/Blockdateien.h"
+
+namespace sw::cli {
+
+int CliOberflaeche::Meldung(const std::string& titel, const std::string& text, MeldungsSymbol symbol,
+                            MeldungsKnoepfe knoepfe) {
+    std::string zeile;
+    for (char c : text) {
+        if (c == '\r') continue;
+        if (c == '\n') {
+            if (!zeile.empty() && zeile.back() != ' ') zeile += ' ';
+            continue;
+        }
+        zeile += c;
+    }
+    letzte_ = zeile.empty() ? titel : zeile;
+    if (knoepfe == MeldungsKnoepfe::OK) return AntwortOK;
+    // Questions are shown as the terminal always shows them, with the answer taken.
+    return OberflaecheTerminal::Meldung(titel, text, symbol, knoepfe);
+}
+
+void CliOberflaeche::DoEvents() {
+    OberflaecheTerminal::DoEvents();
+    if (Abbruch) throw Abgebrochen{};
+}
+
+std::string CliOberflaeche::LetzteMeldung() {
+    std::string m;
+    m.swap(letzte_);
+    return m;
+}
+
+CliOberflaeche& Terminal() {
+    static CliOberflaeche terminal;
+    return terminal;
+}
+
+Decimal ZahlLesen(const std::string& text, const std::string& was) {
+    auto fehler = [&]() { return CliFehler(was + " is not a whole non-negative number: '" + text + "'"); };
+    std::string s;
+    for (char c : text) {
+        if (c != ' ' && c != '\t') s += c;
+    }
+    if (s.empty()) throw fehler();
+    const size_t e = s.find_first_of("eE");
+    const std::string mantisse = s.substr(0, e);
+    std::string ziffern;
+    int64_t exponent = 0;
+    if (e == std::string::npos) {
+        // Grouping dots stand between groups of exactly three digits.
+        size_t gruppe = 0;
+        bool gruppiert = false;
+        for (size_t i = 0; i < s.size(); ++i) {
+            if (s[i] == '.') {
+                if (gruppe == 0 || (gruppiert && gruppe != 3)) throw fehler();
+                gruppiert = true;
+                gruppe = 0;
+            } else if (s[i] >= '0' && s[i] <= '9') {
+                ziffern += s[i];
+                ++gruppe;
+            } else {
+                throw fehler();
+            }
+        }
+        if (ziffern.empty() || (gruppiert && gruppe != 3)) throw fehler();
+        if (gruppiert && s.find('.') > 3) throw fehler();
+    } else {
+        const std::string hoch = s.substr(e + 1);
+        size_t i = (!hoch.empty() && hoch[0] == '+') ? 1 : 0;
+        if (i >= hoch.size() || hoch.size() - i > 3) throw fehler();
+        for (; i < hoch.size(); ++i) {
+            if (hoch[i] < '0' || hoch[i] > '9') throw fehler();
+            exponent = exponent * 10 + (hoch[i] - '0');
+        }
+        bool punkt = false;
+        for (char c : mantisse) {
+            if (c == '.' && !punkt) {
+                punkt = true;
+            } else if (c >= '0' && c <= '9') {
+                ziffern += c;
+                if (punkt) --exponent;
+            } else {
+                throw fehler();
+            }
+        }
+        if (ziffern.empty()) throw fehler();
+        // Trailing zeros of the mantissa may pay for a negative exponent; other digits may not.
+        while (exponent < 0 && ziffern.size() > 1 && ziffern.back() == '0') {
+            ziffern.pop_back();
+            ++exponent;
+        }
+        if (exponent < 0) throw CliFehler(was + " must be a whole number: '" + text + "'");
+    }
+    const size_t erste = ziffern.find_first_not_of('0');
+    const size_t stellen = erste == std::string::npos ? 0 : ziffern.size() - erste + size_t(exponent);
+    if (stellen > 29) throw CliFehler(was + " is too large: '" + text + "'");
+    try {
+        return Decimal::ausText(ziffern + std::string(size_t(exponent), '0'));
+    } catch (const Laufzeitfehler&) {
+        throw CliFehler(was + " is too large: '" + text + "'");
+    }
+}
+
+Decimal GroessteGrenze() {
+    return Decimal(int64_t(std::numeric_limits<int32_t>::max() - 1)) * Decimal(RasterSpanne);
+}
+
+bool RasterGewaehlt(const RasterWahl& wahl) { return !wahl.limit.empty() || !wahl.block.empty(); }
+
+namespace {
+[[noreturn]] void abgelehnt(const std::string& ersatz) {
+    std::string m = Terminal().LetzteMeldung();
+    throw CliFehler(m.empty() ? ersatz : m);
+}
+}  // namespace
+
+void RasterBereitstellen(const RasterWahl& wahl, const Decimal& standardGrenze) {
+    if (!wahl.block.empty() && !wahl.limit.empty()) throw CliFehler("--block and --limit exclude each other");
+    if (!wahl.block.empty()) {
+        if (!PrimaerBlockLaden(wahl.block)) abgelehnt("the block file cannot be loaded: " + wahl.block);
+        if (!RasterEcht) {
+            std::fprintf(stderr, "sw-cli: note: %s is not named like a block file (Pnnn.BLK); its content is taken as it stands\n",
+                         wahl.block.c_str());
+        }
+        return;
+    }
+    const Decimal grenze = wahl.limit.empty() ? standardGrenze : ZahlLesen(wahl.limit, "the limit");
+    if (!PrimaerLauf(grenze, MethodeProdukt)) abgelehnt("the raster cannot be built");
+}
+
+void ImRasterPruefen(const Decimal& n, const std::string& frage) {
+    if (n > PrimaerGrenze) {
+        throw CliFehler(frage + ": " + n.Text() + " lies beyond the raster's limit " + PrimaerGrenze.Text());
+    }
+}
+
+void JsonObjekt::feld(const std::string& name) {
+    if (!erstes_) inhalt_ << ",";
+    erstes_ = false;
+    inhalt_ << Zeichenkette(name) << ":";
+}
+
+JsonObjekt& JsonObjekt::Zahl(const std::string& name, const std::string& ziffern) {
+    feld(name);
+    inhalt_ << ziffern;
+    return *this;
+}
+
+JsonObjekt& JsonObjekt::Kommazahl(const std::string& name, double wert) {
+    feld(name);
+    char puffer[32];
+    std::snprintf(puffer, sizeof puffer, "%.6f", wert);
+    inhalt_ << puffer;
+    return *this;
+}
+
+JsonObjekt& JsonObjekt::Text(const std::string& name, const std::string& wert) {
+    feld(name);
+    inhalt_ << Zeichenkette(wert);
+    return *this;
+}
+
+JsonObjekt& JsonObjekt::Wahr(const std::string& name, bool wert) {
+    feld(name);
+    inhalt_ << (wert ? "true" : "false");
+    return *this;
+}
+
+JsonObjekt& JsonObjekt::Roh(const std::string& name, const std::string& json) {
+    feld(name);
+    inhalt_ << json;
+    return *this;
+}
+
+std::string JsonObjekt::Zeichenkette(const std::string& s) {
+    std::string r = "\"";
+    for (unsigned char c : s) {
+        if (c == '"' || c == '\\') {
+            r += '\\';
+            r += char(c);
+        } else if (c < 0x20) {
+            char puffer[8];
+            std::snprintf(puffer, sizeof puffer, "\\u%04x", c);
+            r += puffer;
+        } else {
+            r += char(c);
+        }
+    }
+    return r + "\"";
+}
+
+}  // namespace sw::cli

@@ -1,0 +1,79 @@
+// CliUmgebung: what every command of sw-cli shares. The Oberflaeche of the terminal that
+// keeps the text of the last box (so that a refusal becomes the one line "sw-cli: ..."), the
+// reading of numbers as a user types them (2e9, 2000000000, 2.000.000.000), the raster that
+// a question needs, and the small JSON writer of --json.
+#pragma once
+
+#include <cstdint>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+#include "frame/Decimal.h"
+#include "frame/OberflaecheTerminal.h"
+
+namespace sw::cli {
+
+// A one-line message for stderr and exit code 1.
+class CliFehler : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Thrown out of a job's yield after Ctrl-C; what was printed stays printed.
+struct Abgebrochen {};
+
+// Boxes are kept instead of printed: a command that fails shows the last one as its message;
+// questions are answered by --yes. Ctrl-C ends the running job at its next yield.
+class CliOberflaeche : public OberflaecheTerminal {
+public:
+    int Meldung(const std::string& titel, const std::string& text, MeldungsSymbol symbol,
+                MeldungsKnoepfe knoepfe) override;
+    void DoEvents() override;
+    // The last box as one line ("" if there was none), and forgotten.
+    std::string LetzteMeldung();
+
+private:
+    std::string letzte_;
+};
+
+CliOberflaeche& Terminal();
+
+// A non-negative integer as a user writes it: digits, optionally grouped by "." in threes
+// (2.000.000.000), or a mantissa with an exponent (2e9, 1.5e10). Anything else, and a value
+// with a fraction, is a CliFehler naming what was given.
+Decimal ZahlLesen(const std::string& text, const std::string& was);
+
+// The raster a question needs. With --block the file is loaded; with --limit that limit is
+// sieved by the main method; otherwise the given default limit. Refusals become CliFehler.
+struct RasterWahl {
+    std::string limit;   // --limit, "" if not given
+    std::string block;   // --block, "" if not given
+};
+void RasterBereitstellen(const RasterWahl& wahl, const Decimal& standardGrenze);
+// True if the raster was given on the command line (then its limit is the user's choice).
+bool RasterGewaehlt(const RasterWahl& wahl);
+// The largest limit a raster can have (word indices are signed 32-bit).
+Decimal GroessteGrenze();
+// Throws the "cannot answer" message for n unless n <= PrimaerGrenze.
+void ImRasterPruefen(const Decimal& n, const std::string& frage);
+
+// One JSON object, written field by field.
+class JsonObjekt {
+public:
+    JsonObjekt& Zahl(const std::string& name, const std::string& ziffern);
+    JsonObjekt& Zahl(const std::string& name, const Decimal& wert) { return Zahl(name, wert.Text()); }
+    JsonObjekt& Kommazahl(const std::string& name, double wert);
+    JsonObjekt& Text(const std::string& name, const std::string& wert);
+    JsonObjekt& Wahr(const std::string& name, bool wert);
+    JsonObjekt& Roh(const std::string& name, const std::string& json);
+    std::string Ende() const { return "{" + inhalt_.str() + "}"; }
+    static std::string Zeichenkette(const std::string& s);
+
+private:
+    void feld(const std::string& name);
+    std::ostringstream inhalt_;
+    bool erstes_ = true;
+};
+
+}  // namespace sw::cli

@@ -1,0 +1,141 @@
+// sw-cli from the outside: answers, the --json shape, and for bad input one line on stderr
+// that begins with "sw-cli: " and exit code 1.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+#include "TestUmgebung.h"
+
+namespace sw::test {
+namespace {
+
+struct Lauf {
+    int code = -1;
+    std::string aus;
+    std::string fehler;
+};
+
+class Cli : public SwTest {
+protected:
+    Lauf Starten(const std::string& argumente) {
+        const std::string fehlerDatei = Ordner() + "stderr.txt";
+        const std::string befehl = "SW_HOME='" + Ordner() + "' '" SW_CLI_PFAD "' " + argumente + " 2>'" + fehlerDatei + "'";
+        Lauf lauf;
+        FILE* rohr = ::popen(befehl.c_str(), "r");
+        if (!rohr) return lauf;
+        char puffer[4096];
+        size_t n;
+        while ((n = std::fread(puffer, 1, sizeof puffer, rohr)) > 0) lauf.aus.append(puffer, n);
+        const int status = ::pclose(rohr);
+        lauf.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        std::ifstream ein(fehlerDatei);
+        std::stringstream s;
+        s << ein.rdbuf();
+        lauf.fehler = s.str();
+        return lauf;
+    }
+    // Bad input: exit 1, nothing on stdout, exactly one line "sw-cli: ..." on stderr.
+    void Abgelehnt(const std::string& argumente, const std::string& enthaelt = "") {
+        const Lauf l = Starten(argumente);
+        EXPECT_EQ(l.code, 1) << argumente;
+        EXPECT_EQ(l.aus, "") << argumente;
+        EXPECT_EQ(l.fehler.rfind("sw-cli: ", 0), 0u) << argumente << ": " << l.fehler;
+        EXPECT_EQ(std::count(l.fehler.begin(), l.fehler.end(), '\n'), 1) << argumente << ": " << l.fehler;
+        EXPECT_NE(l.fehler.find(enthaelt), std::string::npos) << argumente << ": " << l.fehler;
+    }
+};
+
+// Questions and the exact text sw-cli prints for them, readable and as JSON.
+TEST_F(Cli, Antworten) {
+    const std::vector<std::pair<std::string, std::string>> faelle = {
+        {"count 2 1000000", "78498\n"},
+        {"count 0 1", "0\n"},
+        {"primes 0 30", "2\n3\n5\n7\n11\n13\n17\n19\n23\n29\n"},
+        {"primes 1000000 1000100", "1000003\n1000033\n1000037\n1000039\n1000081\n1000099\n"},
+        {"next 1e9", "1000000007\n"},
+        {"next 0", "2\n"},
+        {"next 20 --limit 1000", "23\n"},
+        {"prev 1.000.000.000", "999999937\n"},
+        {"prev 2", "none\n"},
+        {"isprime 1000000007", "prime\n"},
+        {"isprime 1", "composite\n"},
+        {"isprime 999999999999999989", "prime\n"},
+        {"factor 600851475143", "600851475143 = 71x839x1471x6857\n"},
+        {"factor 1", "1 = 1\n"},
+        {"count 10 100 --json", "{\"from\":10,\"to\":100,\"count\":21,\"limit\":1000}\n"},
+        {"primes 0 10 --json", "{\"from\":0,\"to\":10,\"limit\":1000,\"primes\":[2,3,5,7],\"count\":4}\n"},
+        {"prev 2 --json", "{\"n\":2,\"prev\":null,\"limit\":1000}\n"},
+        {"isprime 97 --json", "{\"n\":97,\"prime\":true,\"limit\":1000}\n"},
+        {"factor 84 --json", "{\"n\":84,\"text\":\"2x2x3x7\",\"factors\":[2,2,3,7],\"limit\":1000}\n"},
+    };
+    for (const auto& [argumente, erwartet] : faelle) {
+        const Lauf l = Starten(argumente);
+        EXPECT_EQ(l.code, 0) << argumente;
+        EXPECT_EQ(l.aus, erwartet) << argumente;
+        EXPECT_EQ(l.fehler, "") << argumente;
+    }
+}
+
+TEST_F(Cli, Sieb) {
+    const Lauf s = Starten("sieve 2e6 --method 5 --json");
+    EXPECT_EQ(s.code, 0);
+    EXPECT_EQ(s.aus.rfind("{\"limit\":2000000,\"primes\":148933,\"square\":4000000000000,\"method\":5,"
+                          "\"method_name\":\"SiebRestklassen\",\"seconds\":", 0), 0u) << s.aus;
+    EXPECT_EQ(s.aus.back(), '\n');
+    EXPECT_EQ(std::count(s.aus.begin(), s.aus.end(), '\n'), 1);
+
+    const Lauf t = Starten("sieve 2.000.000");
+    EXPECT_NE(t.aus.find("primes:  148933\n"), std::string::npos) << t.aus;
+    EXPECT_NE(t.aus.find("SiebProdukt"), std::string::npos);
+}
+
+// A block saved by one command serves the next; a raster too small for a question is refused.
+TEST_F(Cli, BlockDateien) {
+    ASSERT_EQ(Starten("sieve 1e6 --save '" + Ordner() + "P061.BLK'").code, 0);
+    EXPECT_EQ(Starten("count 2 1e6 --block '" + Ordner() + "P061.BLK'").aus, "78498\n");
+    const Lauf m3 = Starten("sieve 1e6 --method 3 --json");
+    EXPECT_NE(m3.aus.find("\"primes\":78498"), std::string::npos) << m3.aus;
+    Abgelehnt("count 2 2e6 --block '" + Ordner() + "P061.BLK'", "beyond");
+    Abgelehnt("isprime 1000000000039 --block '" + Ordner() + "P061.BLK'", "beyond");
+    Abgelehnt("factor 1000000000039 --limit 1000", "cannot prove");
+    Abgelehnt("next 999983 --limit 1e6", "no prime above");
+
+    std::ofstream(Ordner() + "ungerade.BLK") << "12345";
+    Abgelehnt("count 2 100 --block '" + Ordner() + "ungerade.BLK'", "ungerade.BLK");
+    Abgelehnt("count 2 100 --block '" + Ordner() + "fehlt.BLK'", "fehlt.BLK");
+    Abgelehnt("sieve 1e6 --save '" + Ordner() + "kein/ordner.BLK'", "ordner.BLK");
+}
+
+TEST_F(Cli, FalscheEingaben) {
+    Abgelehnt("count x 10", "not a whole");
+    Abgelehnt("count 10 1", "greater than");
+    Abgelehnt("primes 10 1", "greater than");
+    Abgelehnt("isprime -7", "");
+    Abgelehnt("isprime 2.5", "");
+    Abgelehnt("isprime 1.5e0", "whole number");
+    Abgelehnt("isprime 1e40", "too large");
+    Abgelehnt("factor 0", "no prime factorisation");
+    Abgelehnt("sieve 999", "1.000");
+    Abgelehnt("sieve 3e9 --method 1", "2.000.000.000");
+    Abgelehnt("sieve 1e12 --method 0", "");   // word indices beyond 32 bits
+    Abgelehnt("sieve 1e6 --method 7", "");
+    Abgelehnt("count 2 10 --limit 999", "1.000");
+    Abgelehnt("count 2 10 --limit 1e6 --block x", "exclude");
+    Abgelehnt("frobnicate", "");
+    Abgelehnt("next 1e30", "too large");
+
+    const Lauf hilfe = Starten("--help");
+    EXPECT_EQ(hilfe.code, 0);
+    EXPECT_NE(hilfe.aus.find("sieve"), std::string::npos);
+    const Lauf version = Starten("--version");
+    EXPECT_EQ(version.code, 0);
+    EXPECT_EQ(version.aus.rfind("sw-cli ", 0), 0u);
+}
+
+}  // namespace
+}  // namespace sw::test

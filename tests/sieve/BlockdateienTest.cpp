@@ -1,0 +1,179 @@
+// Block files: names, the search for a larger block and its cut, loads of files that do not
+// fit, and the menu's load with the limit derived from the size.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "SiebHilfen.h"
+#include "TestUmgebung.h"
+#include "frame/basZentral.h"
+#include "sieve/Blockdateien.h"
+#include "sieve/PrimaerLauf.h"
+#include "sieve/basSiebwerk.h"
+
+namespace sw::test {
+namespace {
+
+class Blockdateien : public SwTest {
+protected:
+    // A finished raster of the limit, saved as name in the working folder.
+    void BlockAnlegen(int64_t grenze, const std::string& name) {
+        ASSERT_TRUE(PrimaerLauf(Decimal(grenze), MethodeProdukt));
+        ASSERT_TRUE(RasterSpeichern(Ordner() + name, PrimaerRaster));
+    }
+    void DateiSchreiben(const std::string& name, const std::string& inhalt) {
+        std::ofstream(Ordner() + name, std::ios::binary) << inhalt;
+    }
+    // The run of method 3 for a limit; true if its raster is the one of method 0.
+    bool BeschaffenWieProdukt(int64_t grenze) {
+        EXPECT_TRUE(PrimaerLauf(Decimal(grenze), MethodeBereichBeschaffen));
+        const std::vector<uint32_t> beschafft = PrimaerRaster;
+        EXPECT_TRUE(PrimaerLauf(Decimal(grenze), MethodeProdukt));
+        return beschafft == PrimaerRaster;
+    }
+};
+
+TEST_F(Blockdateien, Namen) {
+    EXPECT_EQ(BlockName(Decimal(200000000)), "P082.BLK");
+    EXPECT_EQ(BlockName(Decimal(5000000)), "P065.BLK");
+    EXPECT_EQ(BlockName(Decimal(2000000000)), "P092.BLK");
+    EXPECT_EQ(BlockName(Decimal(1000)), "P031.BLK");
+    EXPECT_EQ(BlockName(Decimal(250000000)), "");
+    EXPECT_EQ(BlockName(Decimal(1001)), "");
+
+    auto naechster = [](int64_t grenze) {
+        PrimaerGrenze = Decimal(grenze);
+        return NaechsterBlockName();
+    };
+    EXPECT_EQ(naechster(250000000), "P083.BLK");
+    EXPECT_EQ(naechster(300000000), "P083.BLK");
+    EXPECT_EQ(naechster(950000), "P061.BLK");
+    EXPECT_EQ(naechster(9000001), "P071.BLK");
+
+    EXPECT_TRUE(BlockDateiGueltig("P082.BLK"));
+    EXPECT_TRUE(BlockDateiGueltig("/home/x/P082.blk"));   // the ending in any case
+    EXPECT_TRUE(BlockDateiGueltig("C:\\SW\\P092.BLK"));
+    EXPECT_FALSE(BlockDateiGueltig("p082.BLK"));          // the first letter is case sensitive
+    EXPECT_FALSE(BlockDateiGueltig("P08A.BLK"));
+    EXPECT_FALSE(BlockDateiGueltig("P0822.BLK"));
+    EXPECT_FALSE(BlockDateiGueltig("P082.BLK/x"));
+    EXPECT_FALSE(BlockDateiGueltig("S000.BLK"));
+}
+
+// 250,000 with P052.BLK (200,000) and P053.BLK (300,000) present: no block of its own name,
+// so the larger one is loaded and cut; the result is the raster of a run.
+TEST_F(Blockdateien, GroessererBlockWirdGeschnitten) {
+    BlockAnlegen(200000, "P052.BLK");
+    BlockAnlegen(300000, "P053.BLK");
+    ASSERT_TRUE(GrenzeSetzen(Decimal(250000)));
+    ASSERT_TRUE(GroesserenBlockNutzen());
+    EXPECT_EQ(PrimaerRaster.size(), 2084u);
+    EXPECT_EQ(PrimaerRaster.back() & 0x00000FFFu, 0x00000FFFu);  // 250,007 and up struck
+    EXPECT_TRUE(BeschaffenWieProdukt(250000));
+    EXPECT_TRUE(ui.meldungen.empty());
+}
+
+// 300,000 with only P054.BLK (400,000): the next name is P053.BLK, the first at or above it
+// P054.BLK. P000.BLK and lower-case names never serve.
+TEST_F(Blockdateien, NurEinGroessererUndFalscheNamen) {
+    BlockAnlegen(400000, "P054.BLK");
+    DateiSchreiben("P000.BLK", std::string(400000, '\0'));
+    DateiSchreiben("p099.blk", std::string(400000, '\0'));
+    ASSERT_TRUE(GrenzeSetzen(Decimal(300000)));
+    ASSERT_TRUE(GroesserenBlockNutzen());
+    EXPECT_TRUE(BeschaffenWieProdukt(300000));
+    ASSERT_TRUE(GrenzeSetzen(Decimal(500000)));
+    EXPECT_FALSE(GroesserenBlockNutzen());  // nothing at or above P055.BLK
+    EXPECT_TRUE(ui.meldungen.empty());
+}
+
+TEST_F(Blockdateien, EigenerBlockWirdGeladen) {
+    BlockAnlegen(2000000, "P062.BLK");
+    const std::vector<uint32_t> gespeichert = PrimaerRaster;
+    ASSERT_TRUE(PrimaerLauf(Decimal(2000000), MethodeBereichBeschaffen));
+    // One spare word beyond the file, as the load has always made it.
+    ASSERT_EQ(PrimaerRaster.size(), gespeichert.size() + 1);
+    EXPECT_TRUE(std::equal(gespeichert.begin(), gespeichert.end(), PrimaerRaster.begin()));
+    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(148933));
+    EXPECT_TRUE(ui.meldungen.empty());
+}
+
+// A block too short for its limit, or not made of whole words, or whose word 0 is not that
+// of a finished raster: a box that names the file, and the main sieve builds the raster.
+TEST_F(Blockdateien, UnpassendeBloeckeWerdenNichtGenutzt) {
+    BlockAnlegen(1000000, "P061.BLK");
+    std::string inhalt;
+    {
+        std::ifstream ein(Ordner() + "P061.BLK", std::ios::binary);
+        inhalt.assign(std::istreambuf_iterator<char>(ein), {});
+    }
+    const std::vector<std::string> kaputt = {inhalt.substr(0, inhalt.size() / 2), inhalt + "x",
+                                             std::string(inhalt.size(), '\0'), ""};
+    for (const std::string& k : kaputt) {
+        DateiSchreiben("P061.BLK", k);
+        ui.meldungen.clear();
+        EXPECT_TRUE(BeschaffenWieProdukt(1000000));
+        ASSERT_EQ(ui.meldungen.size(), 1u);
+        EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+        EXPECT_NE(ui.meldungen[0].text.find("P061.BLK"), std::string::npos);
+        EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(78498));
+    }
+}
+
+// The menu's load: the limit comes from the length, the raster keeps one word more, and only
+// a block file's name makes it count as the true primes.
+TEST_F(Blockdateien, MenueLaden) {
+    BlockAnlegen(2000000, "P062.BLK");
+    const std::vector<uint32_t> gespeichert = PrimaerRaster;
+    ASSERT_TRUE(RasterSpeichern(Ordner() + "meins.dat", PrimaerRaster));
+
+    ASSERT_TRUE(PrimaerLauf(Decimal(1000), MethodeProdukt));
+    ASSERT_TRUE(PrimaerBlockLaden(Ordner() + "P062.BLK"));
+    EXPECT_EQ(PrimaerGrenze, Decimal(2000000));
+    EXPECT_EQ(RasterLetzterIndex, int32_t(gespeichert.size()));
+    EXPECT_EQ(PrimaerWurzel, 1414);
+    EXPECT_EQ(PrimaerWurzelWort, 11);
+    EXPECT_EQ(PrimaerQuadrat, Decimal(int64_t(4000000000000)));
+    EXPECT_TRUE(RasterBereit);
+    EXPECT_TRUE(RasterEcht);
+    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(148933));
+    EXPECT_EQ(NaechstePrim(Decimal(1999993)), Decimal(0));
+
+    ASSERT_TRUE(PrimaerBlockLaden(Ordner() + "meins.dat"));
+    EXPECT_FALSE(RasterEcht);
+    EXPECT_EQ(PrimaerGrenze, Decimal(2000000));
+
+    // Save and load again: the file grows by a word, the limit stays.
+    ASSERT_TRUE(RasterSpeichern(Ordner() + "P062.BLK", PrimaerRaster));
+    ASSERT_TRUE(PrimaerBlockLaden(Ordner() + "P062.BLK"));
+    EXPECT_EQ(PrimaerGrenze, Decimal(2000000));
+    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(148933));
+    EXPECT_TRUE(ui.meldungen.empty());
+}
+
+TEST_F(Blockdateien, MenueLadenLehntAbUndBehaeltDasRaster) {
+    ASSERT_TRUE(PrimaerLauf(Decimal(1000000), MethodeProdukt));
+    const std::vector<uint32_t> vorher = PrimaerRaster;
+    DateiSchreiben("ungerade.BLK", std::string(4001, '\0'));
+    DateiSchreiben("winzig.BLK", std::string(16, '\0'));
+    for (const char* name : {"ungerade.BLK", "winzig.BLK", "fehlt.BLK", ""}) {
+        ui.meldungen.clear();
+        EXPECT_FALSE(PrimaerBlockLaden(Ordner() + name)) << name;
+        EXPECT_EQ(ui.meldungen.size(), 1u) << name;
+        EXPECT_TRUE(PrimaerRaster == vorher) << name;
+        EXPECT_EQ(PrimaerGrenze, Decimal(1000000));
+    }
+}
+
+TEST_F(Blockdateien, SpeichernUeberschreibtGanzUndMeldetFehler) {
+    DateiSchreiben("P031.BLK", std::string(100000, 'x'));
+    BlockAnlegen(1000, "P031.BLK");
+    std::ifstream ein(Ordner() + "P031.BLK", std::ios::binary | std::ios::ate);
+    EXPECT_EQ(int64_t(ein.tellg()), 36);
+    EXPECT_FALSE(RasterSpeichern(Ordner() + "gibtsnicht/P031.BLK", PrimaerRaster));
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_NE(ui.meldungen[0].text.find("gibtsnicht"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace sw::test

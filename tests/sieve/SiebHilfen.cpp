@@ -1,0 +1,35 @@
+#include "SiebHilfen.h"
+
+#include "sieve/RasterTabellen.h"
+
+namespace sw::test {
+
+std::vector<bool> Eratosthenes(uint64_t grenze) {
+    std::vector<bool> prim(grenze + 1, true);
+    prim[0] = false;
+    if (grenze >= 1) prim[1] = false;
+    for (uint64_t p = 2; p * p <= grenze; ++p) {
+        if (!prim[p]) continue;
+        for (uint64_t x = p * p; x <= grenze; x += p) prim[x] = false;
+    }
+    return prim;
+}
+
+std::string RasterAbweichungen(const std::vector<uint32_t>& raster, const std::vector<bool>& prim, uint64_t grenze) {
+    std::string text;
+    int gefunden = 0;
+    for (uint64_t n = 0; n <= grenze && gefunden < 10; ++n) {
+        const uint32_t maske = RestMaske[n % 120];
+        if (maske == 0) continue;
+        const size_t k = size_t(n / 120);
+        if (k >= raster.size()) return text + " raster too short at " + std::to_string(n);
+        const bool rasterPrim = (raster[k] & maske) == 0;
+        if (rasterPrim != prim[n]) {
+            text += " " + std::to_string(n) + (rasterPrim ? "(clear)" : "(struck)");
+            ++gefunden;
+        }
+    }
+    return text;
+}
+
+}  // namespace sw::test
