@@ -1,0 +1,369 @@
+#include "sieve/basSekundaer.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <new>
+#include <vector>
+
+#include "frame/Fortschritt.h"
+#include "frame/Meldungen.h"
+#include "frame/Oberflaeche.h"
+#include "frame/Texte.h"
+
+namespace sw {
+
+int32_t AnzeigeStumm = 0;
+
+namespace {
+
+SekundaerFortschrittZiel* fortschrittZiel = nullptr;
+
+using U128 = unsigned __int128;
+
+// The window is worked in segments of this many words (256 KB), so that the strikes of the
+// small and medium primes stay in the second-level cache.
+constexpr uint64_t SegmentWoerter = uint64_t(1) << 16;
+constexpr uint64_t SegmentZahlen = SegmentWoerter * RasterSpanne;
+// Below this a prime strikes each of its 32 residue classes several times per segment, and
+// walking them by word steps (no division at all) beats the wheel walk.
+constexpr uint64_t KleinGrenze = 1 << 15;
+
+// The residues coprime to 30 and the gap from each to the next.
+constexpr uint32_t RadRest[8] = {1, 7, 11, 13, 17, 19, 23, 29};
+constexpr uint32_t RadLuecke[8] = {6, 4, 2, 4, 2, 4, 6, 2};
+
+// x mod m for x up to 2^128 and m < 2^64. Above 2^64 the high half is reduced first; then the
+// quotient of the 128/64 division fits 64 bits and the processor's divide does it in one step.
+inline uint64_t Rest(U128 x, uint64_t m) {
+    const uint64_t hi = uint64_t(x >> 64), lo = uint64_t(x);
+    if (hi == 0) return lo % m;
+#if defined(__x86_64__)
+    uint64_t q, r;
+    asm("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi % m), "rm"(m));
+    (void)q;
+    return r;
+#else
+    return uint64_t(x % m);
+#endif
+}
+
+// The primes 7, 11, 13 and 17 repeat with a period of 17017 words; a copy of the pattern
+// strikes them at the speed of memory, which is where most strikes of the window would go.
+constexpr uint64_t MusterWoerter = 7 * 11 * 13 * 17;
+constexpr uint32_t MusterPrimzahlen[4] = {7, 11, 13, 17};
+
+const std::vector<uint32_t>& Muster() {
+    static const std::vector<uint32_t> muster = [] {
+        std::vector<uint32_t> m(MusterWoerter, 0);
+        for (uint32_t p : MusterPrimzahlen) {
+            for (uint64_t n = p; n < MusterWoerter * RasterSpanne; n += 2 * p) {
+                m[n / RasterSpanne] |= RestMaske[n % RasterSpanne];
+            }
+        }
+        return m;
+    }();
+    return muster;
+}
+
+void MusterKopieren(uint32_t* ziel, uint64_t anzahl, uint64_t musterPos) {
+    const uint32_t* muster = Muster().data();
+    while (anzahl) {
+        const uint64_t stueck = std::min(anzahl, MusterWoerter - musterPos);
+        std::memcpy(ziel, muster + musterPos, stueck * sizeof(uint32_t));
+        ziel += stueck;
+        anzahl -= stueck;
+        musterPos = 0;
+    }
+}
+
+// A small prime: for each of the 32 residues r of the multiplier modulo 120 the multiples
+// p * (120k + r) fall on one bit, one word step p apart. Offsets are relative to the segment.
+struct KleinePrimzahl {
+    uint32_t p;
+    uint32_t maske[32];
+    uint32_t versatz[32];
+};
+
+// A medium prime walks its multiples by the wheel of 30 from segment to segment.
+struct MittlerePrimzahl {
+    uint64_t pos;   // next multiple, relative to the window's start
+    uint32_t p;
+    uint32_t j;     // wheel index of the multiplier of pos
+};
+
+// The first multiple m * p >= start with m coprime to 30: its position relative to start
+// and the wheel index of m. Only start mod 30p is needed, so any start works.
+inline uint64_t ErsterVielfacher(U128 start, uint64_t p, uint32_t& j) {
+    const uint64_t r = Rest(start, 30 * p);
+    for (j = 0; j < 8; ++j) {
+        if (RadRest[j] * p >= r) return RadRest[j] * p - r;
+    }
+    j = 0;
+    return 31 * p - r;
+}
+
+// Walks the multiples of p from pos by the wheel and strikes those below ende. The division
+// by 120 is by a constant and compiles to a multiplication.
+inline uint64_t RadStreichen(uint32_t* raster, uint64_t pos, uint64_t p, uint32_t& j, uint64_t ende) {
+    uint32_t k = j;
+    while (pos < ende) {
+        raster[pos / RasterSpanne] |= RestMaske[pos % RasterSpanne];
+        pos += p * RadLuecke[k];
+        k = (k + 1) & 7;
+    }
+    j = k;
+    return pos;
+}
+
+// Calls f(p) for every prime 7 <= p <= bis of the primary raster, in ascending order.
+template <typename F>
+void SiebPrimzahlen(uint64_t von, uint64_t bis, F&& f) {
+    const uint32_t* raster = PrimaerRaster.data();
+    const uint64_t letztes = std::min<uint64_t>(bis / RasterSpanne, PrimaerRaster.size() - 1);
+    for (uint64_t k = von / RasterSpanne; k <= letztes; ++k) {
+        const uint32_t wort = raster[k];
+        if (wort == 0xFFFFFFFFu) continue;
+        for (uint32_t frei = ~wort; frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const uint64_t p = k * RasterSpanne + uint64_t(RasterRest[i + 1]);
+            if (p < von || p < 7) continue;
+            if (p > bis) return;
+            f(p);
+        }
+    }
+}
+
+int32_t BitIndex(uint64_t rest) {
+    for (int32_t i = 1; i <= 32; ++i) {
+        if (uint64_t(RasterRest[i]) == rest) return i - 1;
+    }
+    return -1;
+}
+
+}  // namespace
+
+void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
+                            SekundaerRueckruf beiSegment, void* kontext) {
+    const uint64_t spanne = woerter * RasterSpanne;
+    // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
+    const bool mitMuster = grenze >= 17 && RasterEcht;
+    const uint64_t startWort = uint64_t(start / RasterSpanne % MusterWoerter);
+
+    std::vector<KleinePrimzahl> klein;
+    std::vector<MittlerePrimzahl> mittel;
+    const uint64_t kleinBis = std::min(grenze, KleinGrenze - 1);
+    const uint64_t mittelBis = std::min(grenze, SegmentZahlen - 1);
+    SiebPrimzahlen(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) {
+        KleinePrimzahl k{};
+        k.p = uint32_t(p);
+        const uint64_t zyklus = RasterSpanne * p;
+        const uint64_t r = Rest(start, zyklus);
+        const int32_t ip = BitIndex(p % RasterSpanne);
+        for (int c = 0; c < 32; ++c) {
+            const uint64_t ziel = p * uint64_t(RasterRest[c + 1]);
+            const uint64_t pos = ziel >= r ? ziel - r : ziel + zyklus - r;
+            k.versatz[c] = uint32_t(pos / RasterSpanne);
+            k.maske[c] = ProduktMaske[ip * 32 + c];
+        }
+        klein.push_back(k);
+    });
+    SiebPrimzahlen(kleinBis + 1, mittelBis, [&](uint64_t p) {
+        MittlerePrimzahl m{};
+        m.p = uint32_t(p);
+        m.pos = ErsterVielfacher(start, p, m.j);
+        mittel.push_back(m);
+    });
+
+    const uint64_t segmente = (woerter + SegmentWoerter - 1) / SegmentWoerter;
+    const uint64_t grossBis = grenze > mittelBis ? grenze : 0;
+    // The large primes are walked in slices of the primary raster, each counted as a step.
+    const uint64_t grossSchritte = grossBis ? (grossBis - mittelBis) / SegmentZahlen + 1 : 0;
+    const uint64_t gesamt = segmente + grossSchritte;
+
+    for (uint64_t s = 0; s < segmente; ++s) {
+        const uint64_t anfang = s * SegmentWoerter;
+        const uint64_t laenge = std::min(SegmentWoerter, woerter - anfang);
+        uint32_t* seg = raster + anfang;
+        if (mitMuster) MusterKopieren(seg, laenge, (startWort + anfang) % MusterWoerter);
+        // Hot loop: one add, one compare and one or per strike, all in the cache.
+        for (KleinePrimzahl& k : klein) {
+            const uint32_t p = k.p;
+            for (int c = 0; c < 32; ++c) {
+                const uint32_t maske = k.maske[c];
+                uint64_t w = k.versatz[c];
+                for (; w < laenge; w += p) seg[w] |= maske;
+                k.versatz[c] = uint32_t(w - laenge);
+            }
+        }
+        const uint64_t ende = (anfang + laenge) * RasterSpanne;
+        for (MittlerePrimzahl& m : mittel) m.pos = RadStreichen(raster, m.pos, m.p, m.j, ende);
+        if (beiSegment) beiSegment(kontext, s + 1, gesamt);
+    }
+
+    // Primes beyond a segment strike it at most once; each walks the whole window directly.
+    for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
+        const uint64_t von = mittelBis + 1 + schritt * SegmentZahlen;
+        const uint64_t bis = std::min(grossBis, von + SegmentZahlen - 1);
+        SiebPrimzahlen(von, bis, [&](uint64_t p) {
+            uint32_t j;
+            const uint64_t pos = ErsterVielfacher(start, p, j);
+            RadStreichen(raster, pos, p, j, spanne);
+        });
+        if (beiSegment) beiSegment(kontext, segmente + schritt + 1, gesamt);
+    }
+
+    // The multiplier 1 struck the sieving primes themselves where the window reaches down to
+    // them; they are primes and get their bits back. The number 1 is no prime.
+    if (start <= grenze) {
+        const uint64_t s64 = uint64_t(start);
+        SiebPrimzahlen(std::max<uint64_t>(s64, 7), std::min<uint64_t>(grenze, s64 + spanne - 1), [&](uint64_t p) {
+            const uint64_t pos = p - s64;
+            raster[pos / RasterSpanne] &= ~RestMaske[pos % RasterSpanne];
+        });
+    }
+    if (start == 0 && woerter) raster[0] |= BitMaske[1];
+}
+
+// ---- the entries of the windows ------------------------------------------------------------
+
+void SekundaerFortschrittSetzen(SekundaerFortschrittZiel* ziel) { fortschrittZiel = ziel; }
+void SekundaerFortschrittLoesen() { fortschrittZiel = nullptr; }
+
+void SekundaerFortschrittZeigen(SekundaerFortschrittZiel& ziel) {
+    ziel.RechtsSetzen(Text(402));
+    ziel.LinksSetzen("");
+    ziel.ProzentSetzen("");
+    ziel.BalkenSetzen(0);
+    ziel.RahmenZeigen(true);
+}
+
+bool SekundaerAnfrageGross() {
+    if (MsgFrage(400) == AntwortJa) return true;
+    MsgInfo(401);
+    return false;
+}
+
+bool SekundaerPruefen(const Decimal& start, const Decimal& laenge) {
+    // Below the square root of the primary limit the window would overlap the primary range.
+    if (start <= Decimal(PrimaerWurzel) && start * start < PrimaerGrenze) {
+        MsgInfoText("Primär und Sekundärbereich überschneiden sich...\nErhöhen Sie den Primärbereich!");
+        return false;
+    }
+    if (start > PrimaerQuadrat || laenge > Decimal(GrenzeLong) || start + laenge > PrimaerQuadrat) {
+        if (MsgFrage(404) != AntwortJa) return false;
+    }
+    return SekundaerSieben(start, laenge);
+}
+
+namespace {
+
+struct LaufStand {
+    SekundaerFortschrittZiel* ziel;
+    double startZeit;
+};
+
+void fortschrittMelden(void* kontext, uint64_t fertig, uint64_t gesamt) {
+    auto* stand = static_cast<LaufStand*>(kontext);
+    if (stand->ziel) {
+        const int32_t prozent = Prozent(double(fertig), 0, double(gesamt));
+        const auto [links, rechts] = ZeitTextTeilen(ZeitText(stand->startZeit, double(fertig), 0, double(gesamt)));
+        stand->ziel->LinksSetzen(links);
+        stand->ziel->RechtsSetzen(rechts);
+        stand->ziel->ProzentSetzen(std::to_string(prozent) + " %");
+        stand->ziel->BalkenSetzen(prozent);
+    }
+    DoEvents();
+}
+
+}  // namespace
+
+bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
+    SekundaerFortschrittZiel* ziel = AnzeigeStumm == 0 ? fortschrittZiel : nullptr;
+    if (ziel) {
+        ziel->LinksSetzen("Starte...");
+        ziel->RechtsSetzen("");
+        ziel->RahmenZeigen(true);
+        DoEvents();
+    }
+    LaufStand stand{ziel, Timer()};
+    StartZeit = stand.startZeit;
+
+    const Decimal spanne(RasterSpanne);
+    const Decimal neuStart = start / spanne * spanne;
+    const Decimal neuEnde = (start + laenge) / spanne * spanne + spanne;
+    const uint64_t woerter = uint64_t((neuEnde - neuStart).AlsInt64() / RasterSpanne) + 1;
+
+    // The last word reaches 119 beyond SekundaerEnde, and SekundaerEnde + 1 may be the square
+    // of the next prime: the sieving primes go up to the root of the last number held.
+    Decimal grenze = GanzeWurzel(neuStart + Decimal(woerter * RasterSpanne - 1));
+    if (PrimaerGrenze < grenze) {
+        grenze = PrimaerGrenze;
+        MsgInfo(514);
+    }
+
+    std::vector<uint32_t> neu;
+    try {
+        neu.resize(woerter);
+    } catch (const std::bad_alloc&) {
+        MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
+        return false;
+    }
+    // The old window goes only when the new one stands; a failure leaves the old range whole.
+    SekundaerRaster.swap(neu);
+    std::vector<uint32_t>().swap(neu);
+    SekundaerStart = neuStart;
+    SekundaerEnde = neuEnde;
+    SekundaerFensterSieben(SekundaerRaster.data(), woerter, neuStart.Betrag(), uint64_t(grenze.AlsInt64()),
+                           fortschrittMelden, &stand);
+    return true;
+}
+
+uint64_t SekundaerAnzahl(const Decimal& von, const Decimal& bis) {
+    uint64_t anzahl = 0;
+    const U128 a = von.IstNegativ() ? 0 : von.Betrag();
+    if (bis.IstNegativ()) return 0;
+    const U128 b = bis.Betrag();
+    const U128 basis = SekundaerStart.Betrag();
+    const uint64_t woerter = SekundaerRaster.size();
+    if (woerter == 0 || b < basis || a > b) return 0;
+    // Whole words inside [von, bis] are counted by population count; the two edge words bit
+    // by bit through the enumeration.
+    const uint64_t ersterVoll = a <= basis ? 0 : uint64_t((a - basis + RasterSpanne - 1) / RasterSpanne);
+    const uint64_t hinterLetztem = std::min<uint64_t>(woerter, uint64_t((b - basis + 1) / RasterSpanne));
+    if (ersterVoll >= hinterLetztem) {
+        SekundaerDurchlaufen(a, b, [&](U128) { return ++anzahl, true; });
+        return anzahl;
+    }
+    for (uint64_t w = ersterVoll; w < hinterLetztem; ++w) anzahl += uint64_t(__builtin_popcount(~SekundaerRaster[w]));
+    if (ersterVoll > 0) {
+        SekundaerDurchlaufen(a, basis + U128(ersterVoll) * RasterSpanne - 1, [&](U128) { return ++anzahl, true; });
+    }
+    if (hinterLetztem < woerter) {
+        SekundaerDurchlaufen(basis + U128(hinterLetztem) * RasterSpanne, b, [&](U128) { return ++anzahl, true; });
+    }
+    return anzahl;
+}
+
+int32_t SekundaerZaehlen(const Decimal& von, const Decimal& bis) {
+    if (von < SekundaerStart || bis > SekundaerEnde) {
+        MsgBereich();
+        return 0;
+    }
+    return int32_t(SekundaerAnzahl(von, bis));
+}
+
+bool SekundaerIstPrim(const Decimal& n) {
+    if (n < SekundaerStart) return false;
+    const U128 pos = n.Betrag() - SekundaerStart.Betrag();
+    const uint32_t maske = RestMaske[uint32_t(pos % RasterSpanne)];
+    const U128 wort = pos / RasterSpanne;
+    if (maske == 0 || wort >= SekundaerRaster.size()) return false;
+    return (SekundaerRaster[size_t(wort)] & maske) == 0;
+}
+
+}  // namespace sw
