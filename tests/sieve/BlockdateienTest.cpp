@@ -2,6 +2,7 @@
 // fit, and the menu's load with the limit derived from the size.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <fstream>
 
 #include "SiebHilfen.h"
@@ -70,6 +71,25 @@ TEST_F(Blockdateien, GroessererBlockWirdGeschnitten) {
     EXPECT_EQ(PrimaerRaster.size(), 2084u);
     EXPECT_EQ(PrimaerRaster.back() & 0x00000FFFu, 0x00000FFFu);  // 250,007 and up struck
     EXPECT_TRUE(BeschaffenWieProdukt(250000));
+    EXPECT_TRUE(ui.meldungen.empty());
+}
+
+// The same at full size, with the names a user has: 250,000,000 takes P083.BLK, cut at word
+// 2,083,333; 300,000,000 with only P084.BLK takes that one.
+TEST_F(Blockdateien, GrosseBloeckeMitIhrenNamen) {
+#if !defined(NDEBUG) || defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "release build only";
+#endif
+    BlockAnlegen(200000000, "P082.BLK");
+    BlockAnlegen(300000000, "P083.BLK");
+    ASSERT_TRUE(GrenzeSetzen(Decimal(250000000)));
+    ASSERT_TRUE(GroesserenBlockNutzen());
+    EXPECT_EQ(PrimaerRaster.size(), 2083334u);
+    EXPECT_EQ(PrimAnzahl(Decimal(2), Decimal(250000000)), Decimal(13679318));
+    std::remove((Ordner() + "P083.BLK").c_str());
+    BlockAnlegen(400000000, "P084.BLK");
+    EXPECT_TRUE(BeschaffenWieProdukt(300000000));
+    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(16252325));
     EXPECT_TRUE(ui.meldungen.empty());
 }
 
