@@ -6,11 +6,20 @@
 
 #include <functional>
 
+#include "frame/Decimal.h"
+
 namespace sw::cli {
 
 // sieve: builds the primary raster by one of the seven methods, counts it, saves it.
 void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // count, primes, next, prev, isprime, factor: questions put to a raster.
 void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
+// twins; and the road of count and primes beyond the primary raster (the secondary sieve).
+struct RasterWahl;
+void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl);
+void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, const RasterWahl& wahl, bool json);
+void SekundaerAuflisten(const Decimal& von, const Decimal& bis, const RasterWahl& wahl, bool json);
 
 }  // namespace sw::cli

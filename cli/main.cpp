@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
     std::function<void()> auftrag;
     SiebBefehlAnmelden(app, auftrag);
     AbfrageBefehleAnmelden(app, auftrag);
+    SekundaerBefehleAnmelden(app, auftrag);
 
     auto fehler = [](const std::string& text) {
         std::fflush(stdout);

@@ -1,6 +1,5 @@
 #include "sieve/basSekundaer.h"
 
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -296,6 +295,7 @@ bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
     const Decimal spanne(RasterSpanne);
     const Decimal neuStart = start / spanne * spanne;
     const Decimal neuEnde = (start + laenge) / spanne * spanne + spanne;
+    if (neuEnde - neuStart > Decimal(int64_t(1) << 40)) throw Laufzeitfehler(FehlerUeberlauf);
     const uint64_t woerter = uint64_t((neuEnde - neuStart).AlsInt64() / RasterSpanne) + 1;
 
     // The last word reaches 119 beyond SekundaerEnde, and SekundaerEnde + 1 may be the square
@@ -306,20 +306,28 @@ bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
         MsgInfo(514);
     }
 
+    // The old window goes only when the new one stands; a failure leaves the old range whole.
+    return SekundaerFensterSetzen(neuStart.Betrag(), woerter, uint64_t(grenze.AlsInt64()), fortschrittMelden, &stand);
+}
+
+bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment,
+                            void* kontext) {
     std::vector<uint32_t> neu;
     try {
+        // Linux overcommits: a window beyond the physical memory would be killed while its
+        // zeros are written, not refused; so it is refused here like a failed allocation.
+        const long seiten = ::sysconf(_SC_PHYS_PAGES), seite = ::sysconf(_SC_PAGESIZE);
+        if (seiten > 0 && seite > 0 && woerter / uint64_t(seite) * 4 >= uint64_t(seiten)) throw std::bad_alloc();
         neu.resize(woerter);
     } catch (const std::bad_alloc&) {
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
     }
-    // The old window goes only when the new one stands; a failure leaves the old range whole.
     SekundaerRaster.swap(neu);
     std::vector<uint32_t>().swap(neu);
-    SekundaerStart = neuStart;
-    SekundaerEnde = neuEnde;
-    SekundaerFensterSieben(SekundaerRaster.data(), woerter, neuStart.Betrag(), uint64_t(grenze.AlsInt64()),
-                           fortschrittMelden, &stand);
+    SekundaerStart = Decimal(start);
+    SekundaerEnde = Decimal(start + Zahl128(woerter - 1) * RasterSpanne);
+    SekundaerFensterSieben(SekundaerRaster.data(), woerter, start, grenze, beiSegment, kontext);
     return true;
 }
 

@@ -54,7 +54,7 @@ bool SekundaerIstPrim(const Decimal& n);
 // Asked before a length of over 100,000,000: question 400; No shows 401 and gives false.
 bool SekundaerAnfrageGross();
 
-// Strikes into raster (woerter words, word w covering start + 120w ..) every multiple of the
+// Strikes into a zeroed raster (woerter words, word w covering start + 120w ..) every multiple of the
 // primes 7 <= p <= grenze of the primary raster except p itself, and the number 1. start is a
 // multiple of 120; grenze <= PrimaerGrenze. beiSegment(fertig, gesamt) is called after each
 // cache-sized segment (progress and yield). This is the engine under SekundaerSieben, open
@@ -62,6 +62,12 @@ bool SekundaerAnfrageGross();
 using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,
                             SekundaerRueckruf beiSegment = nullptr, void* kontext = nullptr);
+
+// Allocates SekundaerRaster for woerter words from start (a multiple of 120), sets
+// SekundaerStart and SekundaerEnde (the base of the last word) and sieves it by the primes up
+// to grenze. Out of memory: "SW - Memory" and false, the old range left standing.
+bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment = nullptr,
+                            void* kontext = nullptr);
 
 // Calls ausgabe(n) for each prime of the range with von <= n <= bis, ascending, until it
 // returns false. Full words are skipped with one comparison.
