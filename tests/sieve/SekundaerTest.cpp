@@ -11,6 +11,7 @@
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
+#include "sieve/basQuadrato.h"
 #include "sieve/basSekundaer.h"
 
 namespace sw::test {
@@ -201,6 +202,17 @@ TEST_F(Sekundaer, ZaehlenAusserhalbUndAnfrageGross) {
     EXPECT_FALSE(SekundaerAnfrageGross());
     ASSERT_EQ(ui.meldungen.size(), 3u);
     EXPECT_EQ(ui.meldungen[2].text, Text(401));
+}
+
+// The window of mode 5 takes an end, not a length, and has its own base.
+TEST_F(Sekundaer, QuadratoFensterBisZumEnde) {
+    Primaer(1000000);
+    ASSERT_TRUE(SekundaerQuadrato(Decimal(int64_t(123456789012)), Decimal(int64_t(123457789012)), nullptr));
+    EXPECT_EQ(SekundaerStart, Decimal(int64_t(123456789000)));
+    EXPECT_EQ(SekundaerRaster.size(), size_t(1000012 / 120 + 1));
+    Vergleichen(123456789012, 1000000, 1000000);
+    EXPECT_EQ(uint64_t(SekundaerQuadratoZaehlen(Decimal(int64_t(123456789012)), Decimal(int64_t(123457789012)))),
+              SekundaerAnzahl(Decimal(int64_t(123456789012)), Decimal(int64_t(123457789012))));
 }
 
 class ZielAufzeichnung : public SekundaerFortschrittZiel {
