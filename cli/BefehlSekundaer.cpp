@@ -1,4 +1,4 @@
-// Ranges beyond the primary raster: count and primes above GrenzeLong (or above a raster the
+// Ranges beyond the primary raster: count and primes above GrenzeLong (without a raster the
 // user chose) walk the range window by window through the secondary sieve, with a primary
 // raster only up to the square root of the end (a block file of that size in the working
 // folder is loaded instead of sieved). twins lists the prime pairs of any range the same way.
@@ -22,18 +22,10 @@ namespace {
 // of the sieving primes are paid rarely, small enough for any machine.
 constexpr uint64_t FensterWoerter = uint64_t(1) << 23;
 
-// The primary raster the range needs: the user's, else one up to the root of bis, loaded from
-// a block file of the working folder when one is there.
-void WurzelRasterBereitstellen(const Decimal& bis, const RasterWahl& wahl, const std::string& frage) {
+// The primary raster the range needs: one up to the root of bis, loaded from a block file of
+// the working folder when one of that size or larger is there.
+void WurzelRasterBereitstellen(const Decimal& bis, const std::string& frage) {
     const Decimal wurzel = GanzeWurzel(bis);
-    if (RasterGewaehlt(wahl)) {
-        RasterBereitstellen(wahl, Decimal(1000));
-        if (wurzel > PrimaerGrenze) {
-            throw CliFehler(frage + ": " + bis.Text() + " lies beyond the square of the raster's limit " +
-                            PrimaerGrenze.Text());
-        }
-        return;
-    }
     if (wurzel > GroessteGrenze()) {
         throw CliFehler(frage + ": " + bis.Text() + " lies beyond the square of the largest raster (" +
                         GroessteGrenze().Text() + ")");
@@ -126,7 +118,7 @@ void zwillinge(const Paare& f) {
     const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
     if (von > bis) throw CliFehler("twins: FROM " + von.Text() + " is greater than TO " + bis.Text());
     if (SekundaerWeg(bis, f.raster)) {
-        WurzelRasterBereitstellen(bis, f.raster, "twins");
+        WurzelRasterBereitstellen(bis, "twins");
     } else {
         RasterBereitstellen(f.raster, bis < Decimal(1000) ? Decimal(1000) : bis);
         ImRasterPruefen(bis, "twins");
@@ -157,17 +149,12 @@ void zwillinge(const Paare& f) {
 }  // namespace
 
 bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl) {
-    if (RasterGewaehlt(wahl)) {
-        // The user's raster answers what it holds; beyond it the windows take over. Its limit
-        // is known only once it stands, so a chosen --limit is compared here by its text.
-        if (!wahl.limit.empty()) return bis > ZahlLesen(wahl.limit, "the limit");
-        return true;
-    }
-    return bis > Decimal(GrenzeLong);
+    // A raster the user chose answers what it holds and refuses the rest, as it always did.
+    return !RasterGewaehlt(wahl) && bis > Decimal(GrenzeLong);
 }
 
-void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, const RasterWahl& wahl, bool json) {
-    WurzelRasterBereitstellen(bis, wahl, "count");
+void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json) {
+    WurzelRasterBereitstellen(bis, "count");
     Decimal anzahl;
     if (von <= PrimaerGrenze) anzahl = PrimAnzahl(von, bis < PrimaerGrenze ? bis : PrimaerGrenze);
     if (bis > PrimaerGrenze) {
@@ -185,8 +172,8 @@ void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, const Rast
     }
 }
 
-void SekundaerAuflisten(const Decimal& von, const Decimal& bis, const RasterWahl& wahl, bool json) {
-    WurzelRasterBereitstellen(bis, wahl, "primes");
+void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json) {
+    WurzelRasterBereitstellen(bis, "primes");
     Ausgabe aus;
     if (json) aus.text(kopf(von, bis) + ",\"primes\":[");
     uint64_t anzahl = 0;

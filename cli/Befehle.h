@@ -19,7 +19,7 @@ void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 struct RasterWahl;
 void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl);
-void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, const RasterWahl& wahl, bool json);
-void SekundaerAuflisten(const Decimal& von, const Decimal& bis, const RasterWahl& wahl, bool json);
+void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json);
+void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json);
 
 }  // namespace sw::cli
