@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 #include <cmath>
 #include <cstring>
 #include <new>
@@ -23,13 +25,11 @@ SekundaerFortschrittZiel* fortschrittZiel = nullptr;
 
 using U128 = unsigned __int128;
 
-// The window is worked in segments of this many words (256 KB), so that the strikes of the
-// small and medium primes stay in the second-level cache.
-constexpr uint64_t SegmentWoerter = uint64_t(1) << 16;
-constexpr uint64_t SegmentZahlen = SegmentWoerter * RasterSpanne;
-// Below this a prime strikes each of its 32 residue classes several times per segment, and
-// walking them by word steps (no division at all) beats the wheel walk.
-constexpr uint64_t KleinGrenze = 1 << 15;
+// The window is worked in chunks that stay in the second-level cache (1 MB), and each chunk
+// in segments that stay in the first-level cache (32 KB), where the small primes strike.
+constexpr uint64_t SegmentWoerter = uint64_t(1) << 13;
+constexpr uint64_t BlockWoerter = uint64_t(1) << 18;
+constexpr uint64_t BlockZahlen = BlockWoerter * RasterSpanne;
 
 // The residues coprime to 30 and the gap from each to the next.
 constexpr uint32_t RadRest[8] = {1, 7, 11, 13, 17, 19, 23, 29};
@@ -79,13 +79,76 @@ void MusterKopieren(uint32_t* ziel, uint64_t anzahl, uint64_t musterPos) {
     }
 }
 
-// A small prime: for each of the 32 residues r of the multiplier modulo 120 the multiples
-// p * (120k + r) fall on one bit, one word step p apart. Offsets are relative to the segment.
-struct KleinePrimzahl {
+// A prime below the block length strikes by cycles of 120p numbers (p words): the multiples
+// p * (120k + r) for the 32 residues r fall at fixed word offsets and masks in every cycle, so
+// a whole cycle is 32 strikes with no test between them. naechster is the start of the next
+// cycle (or of the one in progress, if negative) relative to the segment.
+struct ZyklusPrimzahl {
     uint32_t p;
-    uint32_t maske[32];
-    uint32_t versatz[32];
+    uint32_t q;       // p div 120
+    int32_t zeile;    // 32 * bit index of p mod 120, the row of the product tables
+    int64_t naechster;
 };
+
+ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p);
+
+// The residues of the bits as constants, so that the cycle of each residue class of p can be
+// compiled with its 32 offsets and masks as immediates (the tables of RasterTabellen hold the
+// same values at run time).
+constexpr int64_t Reste[32] = {1,  7,  11, 13, 17, 19, 23, 29, 31, 37,  41,  43,  47,  49,  53,  59,
+                               61, 67, 71, 73, 77, 79, 83, 89, 91, 97, 101, 103, 107, 109, 113, 119};
+constexpr uint32_t MaskeVon(int64_t rest) {
+    for (int i = 0; i < 32; ++i) {
+        if (Reste[i] == rest) return 0x80000000u >> i;
+    }
+    return 0;
+}
+
+template <size_t I, size_t... C>
+inline void ZyklusVoll(uint32_t* b, int64_t q, std::index_sequence<C...>) {
+    ((b[q * Reste[C] + (Reste[I] * Reste[C]) / 120] |= MaskeVon((Reste[I] * Reste[C]) % 120)), ...);
+}
+
+// Whole cycles from s on while they end inside the segment; gives the first cycle left.
+template <size_t I>
+int64_t ZyklenStreichen(uint32_t* seg, int64_t s, int64_t laenge, int64_t p, int64_t q) {
+    for (; s + p <= laenge; s += p) ZyklusVoll<I>(seg + s, q, std::make_index_sequence<32>{});
+    return s;
+}
+
+using ZyklenFunktion = int64_t (*)(uint32_t*, int64_t, int64_t, int64_t, int64_t);
+template <size_t... I>
+constexpr std::array<ZyklenFunktion, 32> ZyklenTabelle(std::index_sequence<I...>) {
+    return {&ZyklenStreichen<I>...};
+}
+constexpr std::array<ZyklenFunktion, 32> Zyklen = ZyklenTabelle(std::make_index_sequence<32>{});
+
+// Strikes the multiples of one prime in seg[0 .. laenge) and carries the cycle on.
+inline void ZyklusStreichen(uint32_t* seg, int64_t laenge, ZyklusPrimzahl& z) {
+    int64_t versatz[32];
+    const int32_t* pw = ProduktWort + z.zeile;
+    const uint32_t* pm = ProduktMaske + z.zeile;
+    for (int c = 0; c < 32; ++c) versatz[c] = int64_t(z.q) * RasterRest[c + 1] + pw[c];
+    const int64_t p = z.p;
+    int64_t s = z.naechster;
+    if (s < 0) {
+        // The rest of a cycle begun before this segment.
+        for (int c = 0; c < 32; ++c) {
+            const int64_t w = s + versatz[c];
+            if (w >= 0 && w < laenge) seg[w] |= pm[c];
+        }
+        if (s + p > laenge) {
+            z.naechster = s - laenge;
+            return;
+        }
+        s += p;
+    }
+    // Whole cycles: the hot loop, 32 independent strikes in the cache per turn.
+    s = Zyklen[size_t(z.zeile / 32)](seg, s, laenge, p, int64_t(z.q));
+    // The first part of the next cycle; the rest is the next segment's head.
+    for (int c = 0; c < 32 && s + versatz[c] < laenge; ++c) seg[s + versatz[c]] |= pm[c];
+    z.naechster = s - laenge;
+}
 
 // A medium prime walks its multiples by the wheel of 30 from segment to segment.
 struct MittlerePrimzahl {
@@ -144,6 +207,17 @@ int32_t BitIndex(uint64_t rest) {
     return -1;
 }
 
+// The cycles of p begin at the multiples of 120p; the one holding start began R = start mod
+// 120p numbers before it, a whole number of words since both are multiples of 120.
+ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p) {
+    ZyklusPrimzahl z{};
+    z.p = uint32_t(p);
+    z.q = uint32_t(p / RasterSpanne);
+    z.zeile = 32 * BitIndex(p % RasterSpanne);
+    z.naechster = -int64_t(Rest(start, RasterSpanne * p) / RasterSpanne);
+    return z;
+}
+
 }  // namespace
 
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
@@ -153,67 +227,51 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
     const bool mitMuster = grenze >= 17 && RasterEcht;
     const uint64_t startWort = uint64_t(start / RasterSpanne % MusterWoerter);
 
-    std::vector<KleinePrimzahl> klein;
-    std::vector<MittlerePrimzahl> mittel;
-    const uint64_t kleinBis = std::min(grenze, KleinGrenze - 1);
-    const uint64_t mittelBis = std::min(grenze, SegmentZahlen - 1);
-    SiebPrimzahlen(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) {
-        KleinePrimzahl k{};
-        k.p = uint32_t(p);
-        const uint64_t zyklus = RasterSpanne * p;
-        const uint64_t r = Rest(start, zyklus);
-        const int32_t ip = BitIndex(p % RasterSpanne);
-        for (int c = 0; c < 32; ++c) {
-            const uint64_t ziel = p * uint64_t(RasterRest[c + 1]);
-            const uint64_t pos = ziel >= r ? ziel - r : ziel + zyklus - r;
-            k.versatz[c] = uint32_t(pos / RasterSpanne);
-            k.maske[c] = ProduktMaske[ip * 32 + c];
-        }
-        klein.push_back(k);
-    });
-    SiebPrimzahlen(kleinBis + 1, mittelBis, [&](uint64_t p) {
+    std::vector<ZyklusPrimzahl> klein, mittel;
+    std::vector<MittlerePrimzahl> rad;
+    const uint64_t kleinBis = std::min(grenze, SegmentWoerter - 1);
+    const uint64_t mittelBis = std::min(grenze, BlockWoerter - 1);
+    const uint64_t radBis = std::min(grenze, BlockZahlen - 1);
+    SiebPrimzahlen(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
+    SiebPrimzahlen(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
+    SiebPrimzahlen(mittelBis + 1, radBis, [&](uint64_t p) {
         MittlerePrimzahl m{};
         m.p = uint32_t(p);
         m.pos = ErsterVielfacher(start, p, m.j);
-        mittel.push_back(m);
+        rad.push_back(m);
     });
 
-    const uint64_t segmente = (woerter + SegmentWoerter - 1) / SegmentWoerter;
-    const uint64_t grossBis = grenze > mittelBis ? grenze : 0;
+    const uint64_t bloecke = (woerter + BlockWoerter - 1) / BlockWoerter;
+    const uint64_t grossBis = grenze > radBis ? grenze : 0;
     // The large primes are walked in slices of the primary raster, each counted as a step.
-    const uint64_t grossSchritte = grossBis ? (grossBis - mittelBis) / SegmentZahlen + 1 : 0;
-    const uint64_t gesamt = segmente + grossSchritte;
+    const uint64_t grossSchritte = grossBis ? (grossBis - radBis) / BlockZahlen + 1 : 0;
+    const uint64_t gesamt = bloecke + grossSchritte;
 
-    for (uint64_t s = 0; s < segmente; ++s) {
-        const uint64_t anfang = s * SegmentWoerter;
-        const uint64_t laenge = std::min(SegmentWoerter, woerter - anfang);
-        uint32_t* seg = raster + anfang;
-        if (mitMuster) MusterKopieren(seg, laenge, (startWort + anfang) % MusterWoerter);
-        // Hot loop: one add, one compare and one or per strike, all in the cache.
-        for (KleinePrimzahl& k : klein) {
-            const uint32_t p = k.p;
-            for (int c = 0; c < 32; ++c) {
-                const uint32_t maske = k.maske[c];
-                uint64_t w = k.versatz[c];
-                for (; w < laenge; w += p) seg[w] |= maske;
-                k.versatz[c] = uint32_t(w - laenge);
-            }
+    for (uint64_t b = 0; b < bloecke; ++b) {
+        const uint64_t anfang = b * BlockWoerter;
+        const uint64_t laenge = std::min(BlockWoerter, woerter - anfang);
+        uint32_t* block = raster + anfang;
+        for (uint64_t s = 0; s < laenge; s += SegmentWoerter) {
+            const uint64_t n = std::min(SegmentWoerter, laenge - s);
+            if (mitMuster) MusterKopieren(block + s, n, (startWort + anfang + s) % MusterWoerter);
+            for (ZyklusPrimzahl& z : klein) ZyklusStreichen(block + s, int64_t(n), z);
         }
+        for (ZyklusPrimzahl& z : mittel) ZyklusStreichen(block, int64_t(laenge), z);
         const uint64_t ende = (anfang + laenge) * RasterSpanne;
-        for (MittlerePrimzahl& m : mittel) m.pos = RadStreichen(raster, m.pos, m.p, m.j, ende);
-        if (beiSegment) beiSegment(kontext, s + 1, gesamt);
+        for (MittlerePrimzahl& m : rad) m.pos = RadStreichen(raster, m.pos, m.p, m.j, ende);
+        if (beiSegment) beiSegment(kontext, b + 1, gesamt);
     }
 
-    // Primes beyond a segment strike it at most once; each walks the whole window directly.
+    // Primes beyond a block strike it at most once; each walks the whole window directly.
     for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
-        const uint64_t von = mittelBis + 1 + schritt * SegmentZahlen;
-        const uint64_t bis = std::min(grossBis, von + SegmentZahlen - 1);
+        const uint64_t von = radBis + 1 + schritt * BlockZahlen;
+        const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
         SiebPrimzahlen(von, bis, [&](uint64_t p) {
             uint32_t j;
             const uint64_t pos = ErsterVielfacher(start, p, j);
             RadStreichen(raster, pos, p, j, spanne);
         });
-        if (beiSegment) beiSegment(kontext, segmente + schritt + 1, gesamt);
+        if (beiSegment) beiSegment(kontext, bloecke + schritt + 1, gesamt);
     }
 
     // The multiplier 1 struck the sieving primes themselves where the window reaches down to
