@@ -1,5 +1,6 @@
 #include "sieve/basSekundaer.h"
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -262,17 +263,43 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
         if (beiSegment) beiSegment(kontext, b + 1, gesamt);
     }
 
-    // Primes beyond a block strike it at most once; each walks the whole window directly.
+    // Primes beyond a block strike it at most once, all over the window. Struck directly, each
+    // strike would wait for main memory; so the hits are first sorted into one bucket per
+    // block (word index and bit in one 32-bit entry, appended to a few sequential streams)
+    // and then struck bucket by bucket, each within one block in the cache.
+    const bool eimerNutzen = woerter < (uint64_t(1) << 27);
+    std::vector<std::vector<uint32_t>> eimer(eimerNutzen ? bloecke : 0);
+    size_t gepuffert = 0;
+    const auto eimerLeeren = [&] {
+        for (std::vector<uint32_t>& e : eimer) {
+            for (uint32_t h : e) raster[h >> 5] |= 0x80000000u >> (h & 31);
+            e.clear();
+        }
+        gepuffert = 0;
+    };
     for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
         const uint64_t von = radBis + 1 + schritt * BlockZahlen;
         const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
         SiebPrimzahlen(von, bis, [&](uint64_t p) {
             uint32_t j;
-            const uint64_t pos = ErsterVielfacher(start, p, j);
-            RadStreichen(raster, pos, p, j, spanne);
+            uint64_t pos = ErsterVielfacher(start, p, j);
+            if (!eimerNutzen) {
+                RadStreichen(raster, pos, p, j, spanne);
+                return;
+            }
+            while (pos < spanne) {
+                const uint64_t w = pos / RasterSpanne;
+                const uint32_t bit = uint32_t(__builtin_clz(RestMaske[pos - w * RasterSpanne]));
+                eimer[w / BlockWoerter].push_back(uint32_t(w << 5) | bit);
+                ++gepuffert;
+                pos += p * RadLuecke[j];
+                j = (j + 1) & 7;
+            }
         });
+        if (gepuffert > (size_t(1) << 22)) eimerLeeren();
         if (beiSegment) beiSegment(kontext, bloecke + schritt + 1, gesamt);
     }
+    eimerLeeren();
 
     // The multiplier 1 struck the sieving primes themselves where the window reaches down to
     // them; they are primes and get their bits back. The number 1 is no prime.
@@ -376,6 +403,15 @@ bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, Se
         // zeros are written, not refused; so it is refused here like a failed allocation.
         const long seiten = ::sysconf(_SC_PHYS_PAGES), seite = ::sysconf(_SC_PAGESIZE);
         if (seiten > 0 && seite > 0 && woerter / uint64_t(seite) * 4 >= uint64_t(seiten)) throw std::bad_alloc();
+        neu.reserve(woerter);
+        // The large primes strike all over the window; on 4 KB pages nearly every strike
+        // would also miss the address translation cache. Huge pages are asked for before
+        // the zeros touch the memory, since only then can the kernel hand them out.
+        const uintptr_t anfang = reinterpret_cast<uintptr_t>(neu.data());
+        const uintptr_t grosseSeite = uintptr_t(2) << 20;
+        const uintptr_t von = (anfang + grosseSeite - 1) & ~(grosseSeite - 1);
+        const uintptr_t bis = (anfang + woerter * sizeof(uint32_t)) & ~(grosseSeite - 1);
+        if (bis > von) ::madvise(reinterpret_cast<void*>(von), bis - von, MADV_HUGEPAGE);
         neu.resize(woerter);
     } catch (const std::bad_alloc&) {
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));

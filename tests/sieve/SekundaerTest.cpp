@@ -136,6 +136,16 @@ TEST_F(Sekundaer, UeberZweiHoch64NurBisZurGrenze) {
     }
 }
 
+// Sieving primes beyond one block of numbers (2^18 words) go through the buckets.
+TEST_F(Sekundaer, GrosseSiebprimzahlenUeberEimer) {
+    Primaer(40000000);
+    const U128 quadrat = U128(40000000) * 40000000;
+    for (U128 von : {quadrat - 300000, U128(1) << 70}) {
+        ASSERT_TRUE(SekundaerSieben(Dec128(von), Decimal(250000)));
+        Vergleichen(von, 250000, 40000000);
+    }
+}
+
 // A window reaching down to the sieving primes keeps them, and strikes 1; a limit under 120
 // (only the primes of word 0 sieve) gives the true primes up to its square.
 TEST_F(Sekundaer, FensterAmAnfangDerZahlen) {
