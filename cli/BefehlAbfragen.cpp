@@ -10,6 +10,7 @@
 #include "CliUmgebung.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
 #include "sieve/basSiebwerk.h"
 
 namespace sw::cli {
@@ -54,6 +55,7 @@ bool primFrage(const Decimal& n) {
 }
 
 void ausgeben(const Frage& f, JsonObjekt& j, const std::string& text) {
+    Terminal().FortschrittBeenden();
     if (f.json) {
         j.Zahl("limit", PrimaerGrenze);
         std::printf("%s\n", j.Ende().c_str());
@@ -96,6 +98,7 @@ public:
         pos_ += n;
     }
     void leeren() {
+        Terminal().FortschrittBeenden();
         std::fwrite(daten_, 1, pos_, stdout);
         pos_ = 0;
     }

@@ -34,6 +34,7 @@ void sieben(const SiebOptionen& o) {
     if (!o.speichern.empty() && !RasterSpeichern(o.speichern, PrimaerRaster)) {
         throw CliFehler(Terminal().LetzteMeldung());
     }
+    Terminal().FortschrittBeenden();
     if (o.json) {
         JsonObjekt j;
         j.Zahl("limit", PrimaerGrenze)

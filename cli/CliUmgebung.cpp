@@ -1,7 +1,8 @@
 #include "CliUmgebung.h"
 
+#include <unistd.h>
+
 #include <cstdio>
-#include <limits>
 
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -30,6 +31,21 @@ int CliOberflaeche::Meldung(const std::string& titel, const std::string& text, M
 void CliOberflaeche::DoEvents() {
     OberflaecheTerminal::DoEvents();
     if (Abbruch) throw Abgebrochen{};
+    static const bool terminal = ::isatty(STDERR_FILENO) == 1;
+    if (!terminal) return;
+    const double jetzt = Uhr();
+    if (start_ < 0) start_ = gezeigt_ = jetzt;
+    if (jetzt - gezeigt_ >= 1.0) {
+        gezeigt_ = jetzt;
+        zeile_ = true;
+        std::fprintf(stderr, "\rsw-cli: working ... %.0f s (Ctrl-C stops)", jetzt - start_);
+        std::fflush(stderr);
+    }
+}
+
+void CliOberflaeche::FortschrittBeenden() {
+    if (zeile_) std::fprintf(stderr, "\r\033[K");
+    zeile_ = false;
 }
 
 std::string CliOberflaeche::LetzteMeldung() {
@@ -107,10 +123,6 @@ Decimal ZahlLesen(const std::string& text, const std::string& was) {
     } catch (const Laufzeitfehler&) {
         throw CliFehler(was + " is too large: '" + text + "'");
     }
-}
-
-Decimal GroessteGrenze() {
-    return Decimal(int64_t(std::numeric_limits<int32_t>::max() - 1)) * Decimal(RasterSpanne);
 }
 
 bool RasterGewaehlt(const RasterWahl& wahl) { return !wahl.limit.empty() || !wahl.block.empty(); }

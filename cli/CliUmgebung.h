@@ -24,7 +24,8 @@ public:
 struct Abgebrochen {};
 
 // Boxes are kept instead of printed: a command that fails shows the last one as its message;
-// questions are answered by --yes. Ctrl-C ends the running job at its next yield.
+// questions are answered by --yes. Ctrl-C ends the running job at its next yield. On a
+// terminal, a job that runs longer than a second shows its running time on stderr.
 class CliOberflaeche : public OberflaecheTerminal {
 public:
     int Meldung(const std::string& titel, const std::string& text, MeldungsSymbol symbol,
@@ -32,9 +33,14 @@ public:
     void DoEvents() override;
     // The last box as one line ("" if there was none), and forgotten.
     std::string LetzteMeldung();
+    // Clears the line of the running time, if one was shown.
+    void FortschrittBeenden();
 
 private:
     std::string letzte_;
+    double start_ = -1;           // when the first yield came
+    double gezeigt_ = 0;          // when the running time was last shown
+    bool zeile_ = false;          // a line of running time stands on stderr
 };
 
 CliOberflaeche& Terminal();
@@ -53,8 +59,6 @@ struct RasterWahl {
 void RasterBereitstellen(const RasterWahl& wahl, const Decimal& standardGrenze);
 // True if the raster was given on the command line (then its limit is the user's choice).
 bool RasterGewaehlt(const RasterWahl& wahl);
-// The largest limit a raster can have (word indices are signed 32-bit).
-Decimal GroessteGrenze();
 // Throws the "cannot answer" message for n unless n <= PrimaerGrenze.
 void ImRasterPruefen(const Decimal& n, const std::string& frage);
 

@@ -31,21 +31,26 @@ int main(int argc, char** argv) {
 
     auto fehler = [](const std::string& text) {
         std::fflush(stdout);
+        Terminal().FortschrittBeenden();
         std::cerr << "sw-cli: " << text << std::endl;
         return 1;
     };
     try {
-        app.parse(argc, argv);
-        if (!auftrag) {
-            std::cout << app.help();
-            return 0;
-        }
-        Terminal().JaSetzen(ja);
+        // The program is ready before the command line is read, so that a command runs the
+        // same whether it works in its parse callback or after the parse; --yes is known only
+        // afterwards, and is set before the chosen command's work runs.
         OberflaecheSetzen(&Terminal());
         OberflaecheTerminal::StrgCAbfangen();
         ProgrammPfad = ArbeitsOrdnerBestimmen();
         RasterTabellenAufbauen();
+        app.parse(argc, argv);
+        if (!auftrag) {
+            if (app.get_subcommands().empty()) std::cout << app.help();
+            return 0;
+        }
+        Terminal().JaSetzen(ja);
         auftrag();
+        Terminal().FortschrittBeenden();
     } catch (const CLI::CallForHelp& e) {
         return app.exit(e);
     } catch (const CLI::CallForAllHelp& e) {

@@ -5,8 +5,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <new>
@@ -254,7 +256,7 @@ bool PrimaerBlockLaden(const std::string& pfad) {
         MsgInfo(469);
         return false;
     }
-    if (worte > int64_t(std::numeric_limits<int32_t>::max()) - 1) {
+    if (Decimal(grenze) > GroessteGrenze()) {
         MsgLimit(Laufzeitfehler(FehlerUeberlauf));
         return false;
     }

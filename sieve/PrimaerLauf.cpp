@@ -28,16 +28,16 @@ const char* MethodenName(int32_t methode) {
     }
 }
 
+Decimal GroessteGrenze() {
+    return Decimal(int64_t(std::numeric_limits<int32_t>::max() - 1)) * Decimal(RasterSpanne);
+}
+
 bool GrenzeSetzen(const Decimal& grenze) {
     if (grenze < Decimal(1000)) {
         MsgInfo(469);
         return false;
     }
-    // Word indices are signed 32-bit, and a loaded raster has one word more than its limit
-    // needs: the largest limit keeps that word addressable too.
-    const Decimal groessteGrenze = Decimal(int64_t(std::numeric_limits<int32_t>::max() - 1)) *
-                                   Decimal(RasterSpanne);
-    if (grenze > groessteGrenze) {
+    if (grenze > GroessteGrenze()) {
         MsgLimit(Laufzeitfehler(FehlerUeberlauf));
         return false;
     }

@@ -24,7 +24,11 @@ inline constexpr int32_t MethodenAnzahl = 7;
 
 // The function name of a method ("SiebProdukt", ...).
 const char* MethodenName(int32_t methode);
-// Step 1 of a run: a limit below 1000 shows text 469 and gives false; else sets
+// The largest limit a raster can have: word indices are signed 32-bit, and a loaded raster
+// has one word more than its limit needs, which must stay addressable too.
+Decimal GroessteGrenze();
+// Step 1 of a run: a limit below 1000 shows text 469, one above GroessteGrenze the box
+// "SW - Limit", and gives false; else sets
 // PrimaerGrenze, RasterLetzterIndex, PrimaerWurzel, PrimaerWurzelWort.
 bool GrenzeSetzen(const Decimal& grenze);
 // Step 2: a limit above GrenzeLong with a method other than 0 and 3 shows text 520; false.

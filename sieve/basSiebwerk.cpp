@@ -174,21 +174,28 @@ std::string FaktorenText(const Decimal& n) {
         bisWort = int64_t(std::sqrt(rest.Double()) / RasterSpanne);
         if (bisWort > RasterLetzterIndex) bisWort = RasterLetzterIndex;
     }
+    // Most trials fail; while the rest fits a machine word, the test is one 64-bit remainder
+    // instead of the three divisions of a Decimal's.
+    const Decimal::BetragTyp haelfteWert = haelfte.Betrag();
+    bool wort64 = rest.Hi32 == 0;
+    uint64_t rest64 = uint64_t(rest.Betrag());
     for (int64_t k = 0; k <= bisWort; ++k) {
         for (uint32_t frei = ~PrimaerRaster[size_t(k)]; frei;) {
             const int i = __builtin_clz(frei);
             frei &= ~(0x80000000u >> i);
             const int64_t p = RasterSpanne * k + RasterRest[i + 1];
             if (p < 7) continue;  // 1 has a bit but divides nothing out
-            if (unterGrenze && Decimal(p) > haelfte) {
+            if (unterGrenze && Decimal::BetragTyp(p) > haelfteWert) {
                 text += "x" + rest.Text();
                 return ergebnis();
             }
-            if (aModDec32(&rest, int32_t(p)) != 0) continue;
+            if (wort64 ? rest64 % uint64_t(p) != 0 : aModDec32(&rest, int32_t(p)) != 0) continue;
             do {
                 aDivDec32(&rest, int32_t(p));
                 text += "x" + std::to_string(p);
             } while (aModDec32(&rest, int32_t(p)) == 0);
+            wort64 = rest.Hi32 == 0;
+            rest64 = uint64_t(rest.Betrag());
             if (rest < PrimaerGrenze) {
                 if (rest == Decimal(1)) return ergebnis();
                 if (IstPrim(rest)) {
