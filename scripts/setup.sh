@@ -8,7 +8,7 @@ PACKAGES=(
   clang libclang-rt-14-dev
   libgmp-dev libsqlite3-dev libcli11-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-base-dev libqt6printsupport6 libgl-dev
+  qt6-base-dev libqt6printsupport6 qt6-qpa-plugins libgl-dev
   xvfb xauth
 )
 

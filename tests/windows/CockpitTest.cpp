@@ -1,0 +1,504 @@
+// The cockpit driven by its control names: runs with every method, the limit field, the
+// refusals, the research buttons, block files through the menu, options, settings across a
+// restart and the stop.
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+#include "GuiTestUmgebung.h"
+#include "frame/Einstellungen.h"
+#include "frame/StoppUhr.h"
+#include "frame/Texte.h"
+#include "frame/basZentral.h"
+#include "sieve/basSiebwerk.h"
+#include "windows/Dialoge.h"
+#include "windows/Fensterregister.h"
+#include "windows/frmStart.h"
+
+namespace sw::test {
+namespace {
+
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+class CockpitTest : public GuiTest {
+protected:
+    frmStart& Cockpit() {
+        if (!cockpit_) {
+            cockpit_ = new frmStart();
+            cockpit_->show();
+        }
+        return *cockpit_;
+    }
+    // Types a limit as a person does and leaves the field with Return.
+    void GrenzeTippen(const QString& text) {
+        auto* feld = Suche<QLineEdit>("txtGrenze");
+        feld->clear();
+        QTest::keyClicks(feld, text);
+        QTest::keyClick(feld, Qt::Key_Return);
+    }
+    void Starten(int methode) { Suche<QPushButton>("btnStart", methode)->click(); }
+    bool AlleKnoepfeFrei() {
+        for (int i = 0; i < 7; ++i) {
+            if (!Suche<QPushButton>("btnStart", i)->isEnabled()) return false;
+        }
+        for (int i = 0; i < UntersuchungAnzahl; ++i) {
+            if (!Suche<QPushButton>("btnUntersuchung", i)->isEnabled()) return false;
+        }
+        return true;
+    }
+    // A restart: the cockpit closes (saving), the public state goes back to its defaults;
+    // dazwischen runs while the program is down (a person editing SW.Ini).
+    void Neustart(const std::function<void()>& dazwischen = {}) {
+        cockpit_->close();
+        delete cockpit_;
+        cockpit_ = nullptr;
+        ZentralZuruecksetzen();
+        if (dazwischen) dazwischen();
+        Cockpit();
+    }
+
+    frmStart* cockpit_ = nullptr;
+};
+
+// Seen by the yield of a running sieve: the state of the cockpit in the middle of the run.
+struct WaehrendDesLaufs {
+    static inline frmStart* cockpit = nullptr;
+    static inline bool gesehen = false, gesperrt = true, schwarzAufWeiss = true;
+    static inline QString text;
+    static void pruefen() {
+        if (!cockpit || gesehen) return;
+        gesehen = true;
+        gesperrt = !Steuer<QPushButton>(cockpit, "btnStart", 0)->isEnabled() &&
+                   !Steuer<QPushButton>(cockpit, "btnUntersuchung", 22)->isEnabled();
+        auto* anzeige = Steuer<QLabel>(cockpit, "lblAnzeige");
+        text = anzeige->text();
+        schwarzAufWeiss = anzeige->styleSheet().contains("color: black; background: white");
+    }
+};
+
+TEST_F(CockpitTest, EveryMethodBuildsTheRangeAndFinishesTheDisplay) {
+    Cockpit();
+    ui.beiDoEvents = &WaehrendDesLaufs::pruefen;
+    for (int methode = 0; methode < 7; ++methode) {
+        SCOPED_TRACE(methode);
+        WaehrendDesLaufs::cockpit = cockpit_;
+        WaehrendDesLaufs::gesehen = false;
+        RasterBereit = false;
+        GrenzeTippen(methode % 2 ? "100.000" : "100000");
+        Starten(methode);
+        EXPECT_TRUE(WaehrendDesLaufs::gesehen);
+        EXPECT_TRUE(WaehrendDesLaufs::gesperrt);
+        EXPECT_TRUE(WaehrendDesLaufs::schwarzAufWeiss);
+        EXPECT_EQ(WaehrendDesLaufs::text, q(Text(143)));
+
+        EXPECT_TRUE(RasterBereit);
+        EXPECT_TRUE(RasterEcht);
+        EXPECT_EQ(PrimaerGrenze, Decimal(100000));
+        EXPECT_EQ(PrimAnzahl(2, PrimaerGrenze), Decimal(9592));
+        EXPECT_EQ(PrimaerRaster[0], 0x80040881u);
+        EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "100.000");
+        EXPECT_EQ(Suche<QLabel>("lblPrimMax")->text(), "10.000.000.000");
+        auto* anzeige = Suche<QLabel>("lblAnzeige");
+        EXPECT_TRUE(anzeige->styleSheet().contains("color: white; background: black"));
+        // Text 144 with the seconds in the format 0,00.
+        QString erwartet = q(Text(144));
+        QString muster = QRegularExpression::escape(erwartet).replace("\\#P1", "\\d+,\\d\\d");
+        EXPECT_TRUE(QRegularExpression("^" + muster + "$").match(anzeige->text()).hasMatch())
+            << anzeige->text().toStdString();
+        EXPECT_TRUE(AlleKnoepfeFrei());
+        EXPECT_TRUE(Suche<QAction>("mnuSpeichern")->isEnabled());
+        const QString beschriftung = Suche<QPushButton>("btnStart", methode)->text().remove('&');
+        EXPECT_EQ(StoppUhr.name, beschriftung.toStdString());
+        // The list keeps one line per run, so the methods' times stand side by side.
+        auto* liste = Suche<QListWidget>("List1");
+        EXPECT_TRUE(liste->item(liste->count() - 1)->text().startsWith(beschriftung + ": 100.000 – "));
+        EXPECT_FALSE(StoppUhr.laeuft);
+    }
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
+}
+
+TEST_F(CockpitTest, LimitFieldTakesDigitsAndDotsAndRaisesTo1000) {
+    Cockpit();
+    GrenzeTippen("12a3b4");
+    EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "1.234");
+    GrenzeTippen("999");
+    EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "1.000");
+    Starten(0);
+    EXPECT_EQ(PrimaerGrenze, Decimal(1000));
+    EXPECT_EQ(PrimAnzahl(2, PrimaerGrenze), Decimal(168));
+    GrenzeTippen("");
+    EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "1.000");
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
+
+    // A value set without leaving the field reaches the click as it stands: text 469.
+    Suche<QLineEdit>("txtGrenze")->setText("999");
+    Starten(0);
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, Text(469));
+    EXPECT_EQ(PrimaerGrenze, Decimal(1000));
+}
+
+TEST_F(CockpitTest, LimitsAboveTwoBillionAreRefusedByMethodsOtherThanZeroAndThree) {
+    Cockpit();
+    GrenzeTippen("100000");
+    Starten(0);
+    for (int methode : {1, 2, 4, 5, 6}) {
+        ui.meldungen.clear();
+        GrenzeTippen("3.000.000.000");
+        Starten(methode);
+        ASSERT_EQ(ui.meldungen.size(), 1u) << methode;
+        EXPECT_EQ(ui.meldungen[0].titel, "SW - Info");
+        EXPECT_EQ(ui.meldungen[0].text, Text(520));
+        // The range of the last run still stands, and agrees with its raster.
+        EXPECT_EQ(PrimaerGrenze, Decimal(100000));
+        EXPECT_EQ(RasterLetzterIndex, 100000 / 120);
+        EXPECT_TRUE(AlleKnoepfeFrei());
+    }
+}
+
+TEST_F(CockpitTest, ANumberTooLargeForAnyRangeGivesTheErrorBoxAndTheCockpitStaysUsable) {
+    Cockpit();
+    Suche<QLineEdit>("txtGrenze")->setText(QString(40, '9'));
+    Starten(0);
+    ASSERT_FALSE(ui.meldungen.empty());
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+    EXPECT_TRUE(AlleKnoepfeFrei());
+    EXPECT_FALSE(RasterBereit);
+}
+
+// A stand-in for a research window that does not exist yet.
+class Attrappe : public Fenster {
+public:
+    Attrappe() : Fenster("frmFaktor") {}
+};
+
+TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
+    Cockpit();
+    FensterAnmelden("frmFaktor", [](int, QWidget*) {
+        auto* w = new Attrappe();
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        w->FensterLaden(q(AktivesFenster));
+        w->show();
+    });
+    auto* faktor = Suche<QPushButton>("btnUntersuchung", 5);
+    faktor->click();
+    EXPECT_EQ(FensterAnzahl("frmFaktor"), 1);
+    faktor->click();
+    EXPECT_EQ(FensterAnzahl("frmFaktor"), 2);
+    EXPECT_EQ(q(AktivesFenster), faktor->text().remove('&'));
+
+    auto* speicher = Suche<QPushButton>("btnAuslastung");
+    speicher->click();
+    speicher->click();
+    EXPECT_EQ(FensterAnzahl("frmSpeicherAuslastung"), 2);
+    EXPECT_EQ(q(AktivesFenster), speicher->text().remove('&'));
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
+
+    // A window that is not built yet says so.
+    Suche<QPushButton>("btnUntersuchung", 8)->click();
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Not implemented");
+
+    // Index 25 counts the primes of the range in the status line.
+    GrenzeTippen("100000");
+    Starten(3);
+    Suche<QPushButton>("btnUntersuchung", 25)->click();
+    EXPECT_EQ(Suche<QLabel>("lblAnzeige")->text(), q(TextP1Zahl(145, Decimal(9592))));
+
+    // Closing all other windows leaves the cockpit alone.
+    Suche<QAction>("mnuCloseAllWindows")->trigger();
+    EXPECT_EQ(FensterAnzahl("frmFaktor"), 0);
+    EXPECT_EQ(FensterAnzahl("frmSpeicherAuslastung"), 0);
+    EXPECT_TRUE(cockpit_->isVisible());
+}
+
+TEST_F(CockpitTest, NoTextIsClippedInTheCockpitAndItsWindows) {
+    Cockpit();
+    GrenzeTippen("2.000.000");
+    Starten(0);
+    TexteUngekuerzt(cockpit_);
+    for (const char* seite : {"mnuSystemEinstellungen", "mnuZahlenDarstellung", "mnuFarbEinstellung", "mnuZahlensystem"}) {
+        Suche<QAction>(seite)->trigger();
+        TexteUngekuerzt(cockpit_);
+    }
+    Suche<QPushButton>("btnAuslastung")->click();
+    TexteUngekuerzt(Suche<QWidget>("frmSpeicherAuslastung"));
+    Suche<QAction>("mnuPrimModify")->trigger();
+    TexteUngekuerzt(Suche<QWidget>("frmPrimModify"));
+    StoppUhrAktiv = true;
+    StoppUhrZeigen();
+    TexteUngekuerzt(Suche<QWidget>("frmStoppUhr"));
+}
+
+TEST_F(CockpitTest, AHandlerThatFailsShowsTheErrorBoxAndLeavesTheCockpitUsable) {
+    Cockpit();
+    FensterAnmelden("frmFaktor", [](int, QWidget*) { throw Laufzeitfehler(FehlerDivisionDurchNull); });
+    Suche<QPushButton>("btnUntersuchung", 5)->click();
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+    EXPECT_NE(ui.meldungen[0].text.find("Nr.: 11"), std::string::npos);
+    EXPECT_TRUE(AlleKnoepfeFrei());
+}
+
+TEST_F(CockpitTest, BlockFilesAreSavedAndLoadedThroughTheMenu) {
+    Cockpit();
+    GrenzeTippen("1.000.000");
+    Starten(0);
+    const std::vector<uint32_t> gesiebt = PrimaerRaster;
+
+    std::vector<DateiAnfrage> anfragen;
+    std::optional<QString> antwort = q(Ordner() + "P061.BLK");
+    DateiDialogHook = [&](const DateiAnfrage& a) {
+        anfragen.push_back(a);
+        return antwort;
+    };
+    Suche<QAction>("mnuSpeichern")->trigger();
+    ASSERT_EQ(anfragen.size(), 1u);
+    EXPECT_TRUE(anfragen[0].speichern);
+    EXPECT_EQ(anfragen[0].vorschlag, "P061.BLK");
+    EXPECT_EQ(anfragen[0].ordner.toStdString(), ProgrammPfad);
+    EXPECT_EQ(std::filesystem::file_size(Ordner() + "P061.BLK"), 4 * gesiebt.size());
+
+    // Another run, then the block back: the limit comes from the file's length.
+    GrenzeTippen("5000");
+    Starten(0);
+    Suche<QAction>("mnuLaden")->trigger();
+    ASSERT_EQ(anfragen.size(), 2u);
+    EXPECT_FALSE(anfragen[1].speichern);
+    EXPECT_EQ(anfragen[1].vorschlag, "P035.BLK");
+    EXPECT_EQ(PrimaerGrenze, Decimal(1000000));
+    EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "1.000.000");
+    EXPECT_EQ(PrimAnzahl(2, PrimaerGrenze), Decimal(78498));
+    EXPECT_TRUE(RasterEcht);
+    EXPECT_TRUE(AlleKnoepfeFrei());
+    EXPECT_TRUE(Suche<QLabel>("lblAnzeige")->styleSheet().contains("background: black"));
+
+    // A cancelled dialog changes nothing.
+    antwort.reset();
+    GrenzeTippen("5000");
+    Starten(0);
+    Suche<QAction>("mnuLaden")->trigger();
+    EXPECT_EQ(PrimaerGrenze, Decimal(5000));
+
+    // A raster under another name is used, but not taken for the true primes.
+    std::filesystem::copy_file(Ordner() + "P061.BLK", Ordner() + "raster.dat");
+    antwort = q(Ordner() + "raster.dat");
+    Suche<QAction>("mnuLaden")->trigger();
+    EXPECT_EQ(PrimaerGrenze, Decimal(1000000));
+    EXPECT_FALSE(RasterEcht);
+
+    // A file that cannot be a raster is refused with a message, and the range stays usable.
+    std::ofstream(Ordner() + "kaputt.BLK") << "abcdefg";
+    antwort = q(Ordner() + "kaputt.BLK");
+    Suche<QAction>("mnuLaden")->trigger();
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    ui.meldungen.clear();
+    EXPECT_TRUE(RasterBereit);
+    EXPECT_EQ(PrimaerGrenze, Decimal(1000000));
+    EXPECT_EQ(PrimAnzahl(2, PrimaerGrenze), Decimal(78498));
+    EXPECT_TRUE(AlleKnoepfeFrei());
+    EXPECT_TRUE(Suche<QAction>("mnuSpeichern")->isEnabled());
+
+    // The secondary range is offered as S000.BLK.
+    antwort = q(Ordner() + "S000.BLK");
+    Suche<QAction>("mnuSekSpeichern")->trigger();
+    EXPECT_EQ(anfragen.back().vorschlag, "S000.BLK");
+    EXPECT_TRUE(std::filesystem::exists(Ordner() + "S000.BLK"));
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
+}
+
+TEST_F(CockpitTest, SettingsSurviveARestartButTheCockpitKeepsItsWidth) {
+    Cockpit();
+    const QSize entworfen = cockpit_->size();
+    Suche<QCheckBox>("chkEndeFrage")->setChecked(true);
+    GrenzeTippen("300.000");
+    Neustart();  // the question of chkEndeFrage is answered Yes by the recording boxes
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].titel, "SW-Stop?");
+    EXPECT_EQ(ui.meldungen[0].text, Text(491));
+    EXPECT_EQ(ui.meldungen[0].knoepfe, MeldungsKnoepfe::JaNeinAbbrechen);
+    EXPECT_TRUE(Suche<QCheckBox>("chkEndeFrage")->isChecked());
+    EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "300.000");
+    EXPECT_EQ(IniLesen("Start", "Width"), "");
+    EXPECT_EQ(IniLesen("Start", "Height"), std::to_string(entworfen.height()));
+
+    Neustart([&] {
+        IniSchreiben("Start", "Height", entworfen.height() + 77);
+        IniSchreiben("Start", "Width", entworfen.width() + 333);
+    });
+    EXPECT_EQ(cockpit_->height(), entworfen.height() + 77);
+    EXPECT_EQ(cockpit_->width(), entworfen.width());
+}
+
+TEST_F(CockpitTest, AFolderForBlockFilesIsKeptAcrossARestart) {
+    Cockpit();
+    const std::string bloecke = Ordner() + "bloecke";
+    Suche<QAction>("mnuSystemEinstellungen")->trigger();
+    Suche<QLineEdit>("txtPath")->setText(q(bloecke));
+    Suche<QPushButton>("btnGO")->click();  // not there yet: refused, the page stays open
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, Text(206));
+    EXPECT_TRUE(Suche<QGroupBox>("fraOptionen")->isVisible());
+    EXPECT_EQ(ProgrammPfad, Ordner());
+    std::filesystem::create_directory(bloecke);
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_EQ(ProgrammPfad, bloecke + "/");
+    Neustart();
+    EXPECT_EQ(ProgrammPfad, bloecke + "/");
+    EXPECT_TRUE(Suche<QLineEdit>("txtPath")->text().startsWith(q(bloecke)));
+}
+
+TEST_F(CockpitTest, TheEndQuestionCanKeepTheProgramRunning) {
+    Cockpit();
+    Suche<QCheckBox>("chkEndeFrage")->setChecked(true);
+    for (int antwort : {AntwortNein, AntwortAbbrechen}) {
+        ui.antworten = {antwort};
+        EXPECT_FALSE(cockpit_->close());
+        EXPECT_TRUE(cockpit_->isVisible());
+    }
+    EXPECT_EQ(IniLesen("Start", "chkEndeFrage"), "");  // nothing was saved
+    ui.antworten = {AntwortJa};
+    EXPECT_TRUE(cockpit_->close());
+    EXPECT_EQ(IniLesen("Start", "chkEndeFrage"), "1");
+}
+
+TEST_F(CockpitTest, OptionPagesApplyRefuseAndRestore) {
+    Cockpit();
+    auto* rahmen = Suche<QGroupBox>("fraOptionen");
+    EXPECT_FALSE(rahmen->isVisible());
+    const int breite = cockpit_->width();
+    Suche<QAction>("mnuZahlenDarstellung")->trigger();
+    EXPECT_TRUE(rahmen->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(cockpit_->width(), breite);  // the cockpit keeps its width with the options open
+
+    Suche<QLineEdit>("txtMaxFormatStellen")->setText("9");
+    Suche<QPushButton>("btnGO")->click();
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, Text(470));
+    EXPECT_TRUE(rahmen->isVisible());
+    EXPECT_EQ(MaxFormatStellen, 60);
+
+    Suche<QLineEdit>("txtMaxFormatStellen")->setText("12");
+    Suche<QRadioButton>("optFormat", 2)->setChecked(true);
+    Suche<QLineEdit>("txtZeichen")->setText("'");
+    Suche<QLineEdit>("txtFormatAnzahl")->setText("4");
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_FALSE(rahmen->isVisible());
+    EXPECT_EQ(MaxFormatStellen, 12);
+    EXPECT_EQ(FormatZeichen, "'");
+    EXPECT_EQ(FormatAnzahl, 4);
+    EXPECT_EQ(Suche<QLineEdit>("txtGrenze")->text(), "2'0000'0000");
+
+    // Cancel puts the page back to the settings in force.
+    Suche<QAction>("mnuZahlensystem")->trigger();
+    Suche<QLineEdit>("txtZahlenSystem")->setText("16");
+    Suche<QPushButton>("btnCancel")->click();
+    EXPECT_FALSE(rahmen->isVisible());
+    EXPECT_EQ(Suche<QLineEdit>("txtZahlenSystem")->text(), "10");
+    EXPECT_EQ(ZahlenSystem, 10);
+    Suche<QAction>("mnuZahlensystem")->trigger();
+    Suche<QLineEdit>("txtZahlenSystem")->setText("1");
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_EQ(ZahlenSystem, 10);  // below 2 means 10
+
+    // A double click on a colour opens the colour dialog; the sample follows at once, the
+    // setting with btnGO.
+    FarbDialogHook = [](const QColor&) { return std::optional<QColor>(QColor(255, 0, 0)); };
+    Suche<QAction>("mnuFarbEinstellung")->trigger();
+    QTest::mouseDClick(Suche<QLabel>("lblCol", 1), Qt::LeftButton);
+    EXPECT_EQ(Suche<QLabel>("lblBigZahl")->palette().color(QPalette::Window), QColor(255, 0, 0));
+    EXPECT_NE(GrossZahlFarbe[1], 0x0000FF);
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_EQ(GrossZahlFarbe[1], 0x0000FF);
+
+    // The options survive a restart.
+    Neustart();
+    EXPECT_EQ(FormatZeichen, "'");
+    EXPECT_EQ(FormatAnzahl, 4);
+    EXPECT_EQ(MaxFormatStellen, 12);
+    EXPECT_EQ(GrossZahlFarbe[1], 0x0000FF);
+    EXPECT_EQ(ui.meldungen.size(), 1u) << Meldungen();
+}
+
+TEST_F(CockpitTest, TheStopWatchWindowFollowsItsOption) {
+    Cockpit();
+    Suche<QAction>("mnuSystemEinstellungen")->trigger();
+    Suche<QCheckBox>("chkStoppUhr")->setChecked(true);
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 1);
+    GrenzeTippen("10000");
+    Starten(6);
+    EXPECT_EQ(Suche<QLabel>("lblAufgabe")->text(), Suche<QPushButton>("btnStart", 6)->text().remove('&'));
+    EXPECT_FALSE(Suche<QLabel>("lblDauer")->text().isEmpty());
+    Suche<QAction>("mnuSystemEinstellungen")->trigger();
+    Suche<QCheckBox>("chkStoppUhr")->setChecked(false);
+    Suche<QPushButton>("btnGO")->click();
+    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 0);
+}
+
+TEST_F(CockpitTest, StartUpFillsTheNoteLineTheMersenneMenuAndTheList) {
+    Cockpit();
+    EXPECT_EQ(Suche<QLabel>("lblHinweis")->text().toStdString().find(Text(101)) != std::string::npos, true);
+    QMenu* mersenne = Suche<QMenu>("mnuMersenne");
+    const auto exponenten = TextListe(999);
+    ASSERT_EQ(mersenne->actions().size(), qsizetype(exponenten.size()));
+    EXPECT_EQ(mersenne->actions().front()->text(), "1. p = 2");
+    EXPECT_EQ(mersenne->actions()[12]->text(), "13. p = 521");
+    EXPECT_EQ(q(AktivesFenster), "Cockpit");
+    EXPECT_EQ(cockpit_->HilfeKey(), "Cockpit");
+
+    // A right click copies the list, line by line, and says so.
+    auto* liste = Suche<QListWidget>("List1");
+    ASSERT_GT(liste->count(), 2);
+    QTest::mouseClick(liste->viewport(), Qt::RightButton);
+    QStringList zeilen;
+    for (int i = 0; i < liste->count(); ++i) zeilen << liste->item(i)->text();
+    EXPECT_EQ(QApplication::clipboard()->text(), zeilen.join('\n'));
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, Text(210));
+}
+
+TEST_F(CockpitTest, PrimModifyStrikesOnlyUpToItsBound) {
+    Cockpit();
+    // Before any run there is no range to modify.
+    Suche<QAction>("mnuPrimModify")->trigger();
+    auto* fenster = Suche<QWidget>("frmPrimModify");
+    ASSERT_TRUE(fenster);
+    EXPECT_TRUE(fenster->isWindow());
+    EXPECT_EQ(fenster->windowModality(), Qt::ApplicationModal);
+    Steuer<QPushButton>(fenster, "btnGO")->click();
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, Text(207));
+    fenster->close();
+    Aufraeumen();
+
+    GrenzeTippen("100000");
+    Starten(0);
+    Suche<QAction>("mnuPrimModify")->trigger();
+    fenster = Suche<QWidget>("frmPrimModify");
+    Steuer<QLineEdit>(fenster, "txtGrenze")->setText("100");
+    Steuer<QPushButton>(fenster, "btnGO")->click();
+    EXPECT_FALSE(RasterEcht);
+    EXPECT_TRUE(IstPrim(Decimal(101 * 103)));  // no factor up to 100
+    EXPECT_FALSE(IstPrim(Decimal(97 * 101)));
+    EXPECT_TRUE(IstPrim(Decimal(97)));
+}
+
+}  // namespace
+}  // namespace sw::test

@@ -1,0 +1,88 @@
+// Fenster: the base of every window of SW. It knows the window's section name (its class name
+// without "frm": the section in sw.TEX and SW.Ini) and its help key, prepares the window on
+// opening (texts from sw.TEX, stored control values, state and place from SW.Ini) and gives
+// it all back on closing, builds the icon toolbar from a letter string and performs the
+// common icon actions (save the list, save the picture, print, calculator, close). F1 opens
+// the help page of the window's key.
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+
+#include <optional>
+
+class QPrinter;
+class QToolBar;
+
+namespace sw {
+
+class Fenster : public QMainWindow {
+    Q_OBJECT
+public:
+    // klassenName is the window's name, "frmStart"; the section is "Start".
+    explicit Fenster(const QString& klassenName, QWidget* eltern = nullptr);
+
+    const QString& Sektion() const { return sektion_; }
+    const QString& HilfeKey() const { return mHelp; }
+
+    // The preparing step: help key, toolbar (letters as IconsAufbauen takes them; "" for
+    // none), TexteLaden, stored control values, then state and place.
+    void FensterLaden(const QString& hilfeKey, const QString& icons = QString());
+    // The closing step: state and place, and the control values, into SW.Ini.
+    void FensterSpeichern();
+    // Caption, control texts, tool tips and list entries from the window's section of sw.TEX.
+    void TexteLaden();
+    // A text of the window's section that belongs to no control (templates with #P1, states).
+    QString SektionsText(const QString& key) const;
+    // Shows the window; a window with modes overrides it.
+    virtual void ShowMe(int modus);
+
+    // The icon row: "N" navigation (Nav0..Nav5), "T" Table, "F" Font, "I" Open, "S" a second
+    // Save; Print, Save, Foto, Calc and Exit always. Buttons are btnIcon(0...).
+    void IconsAufbauen(const QString& buchstaben);
+    // The common click handler of btnIcon(index).
+    void IconAktion(int index);
+
+    // The font controls cmbFont, cmbSize, btnBold, btnItalic, btnUnderLine, bound to ziel.
+    QWidget* SchriftAuswahlAnlegen(QWidget* ziel);
+
+    // A window whose user may change its size stores Height and Width.
+    virtual bool Groessenveraenderlich() const { return true; }
+
+protected:
+    // Tags the window handles itself: "Nav0".."Nav5", "Table", "Font", "Open".
+    virtual void IconFensterAktion(const QString& tag);
+    // Values beyond the common table (a sort order, ...): read and written with the others.
+    virtual void ZusatzwerteLaden() {}
+    virtual void ZusatzwerteSpeichern() {}
+    // Prints the window's content: the picture, else the list, else the window as it looks.
+    virtual void Drucken(QPrinter& drucker);
+
+    void closeEvent(QCloseEvent* e) override;
+
+    QString mHelp;
+
+private:
+    void steuerwerteLaden();
+    void steuerwerteSpeichern();
+    void lageLaden();
+    void lageSpeichern();
+    // The save dialog in ProgrammPfad; a chosen name without any dot gets endung.
+    std::optional<QString> speicherZiel(const QString& filter, const QString& endung);
+    void listeSpeichern();
+    void bildSpeichern();
+    void drucken();
+
+    QString sektion_;
+    QToolBar* iconLeiste_ = nullptr;
+};
+
+// Back colour of a label as the old platform's number (0x00BBGGRR), and setting it.
+long long HintergrundFarbe(const QWidget* w);
+void HintergrundFarbeSetzen(QWidget* w, long long bgr);
+// The same for the fore colour.
+void VordergrundFarbeSetzen(QWidget* w, long long bgr);
+QColor FarbeQt(long long bgr);
+long long FarbeNummer(const QColor& c);
+
+}  // namespace sw

@@ -1,0 +1,81 @@
+#include "windows/Fensterregister.h"
+
+#include <QWidget>
+
+#include <map>
+
+#include "frame/Meldungen.h"
+#include "windows/frmPrimModify.h"
+#include "windows/frmSpeicherAuslastung.h"
+
+namespace sw {
+
+namespace {
+
+template <typename W>
+FensterFabrik modeless() {
+    return [](int modus, QWidget*) {
+        auto* w = new W();
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        w->ShowMe(modus);
+    };
+}
+
+// A modal window blocks the input of all others while it stands; the caller goes on, as the
+// window does its work in its own handlers.
+template <typename W>
+FensterFabrik modal() {
+    return [](int modus, QWidget* cockpit) {
+        auto* w = new W(cockpit);
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        w->setWindowModality(Qt::ApplicationModal);
+        w->ShowMe(modus);
+    };
+}
+
+std::map<QString, FensterFabrik>& fabriken() {
+    static std::map<QString, FensterFabrik> liste{
+        {"frmPrimModify", modal<frmPrimModify>()},
+        {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+    };
+    return liste;
+}
+
+const Untersuchung tabelle[UntersuchungAnzahl] = {
+    {"frmAbstaendeGrafik", 0},     {"frmGoldbachStd", -1},     {"frmMersTeilerSpez", -1},
+    {"frmZufall", -1},             {"frmAbstaendeGrafik", 1},  {"frmFaktor", -1},
+    {"frm2P_1", -1},               {"frmAnalyseSW", 1},        {"frmLucasLehmer", -1},
+    {"frmMersenneTeiler", -1},     {"frmModuloBetrachtung", -1}, {"frmPrimAbstandAb", -1},
+    {"frmAnzeige", 6},             {"frmAnalyseSW", 0},        {"frmCalculator", -1},
+    {"frmTeilerAnalyse", -1},      {"frmStatistikMersenne", -1}, {"frmCollatzNachkomma", -1},
+    {"frmULAM", -1},               {"frmPrimTestKpl", -1},     {"frmCollatzGrafExtrem", -1},
+    {"frmCollatzGRF", -1},         {"frmAnzeige", 0},          {"frmAnzeige", 1},
+    {"frmAnzeige", 5},             {nullptr, -1},              {"frmMersSystem", -1},
+    {"frmCollatzFolgen", -1},      {"frmCollatzBig", -1},      {"frmExtremSuche", -1},
+    {"frmCount", -1},              {"frmSucheZwillinge", -1},  {"frmAnalyseMersenne", -1},
+    {"frmPalindrome", -1},         {"frmAnalysePrimMersenne", -1}, {"frmHash", -1},
+    {"frmQuadrat", -1},
+};
+
+}  // namespace
+
+bool FensterVorhanden(const QString& name) { return fabriken().count(name) > 0; }
+
+void FensterAnmelden(const QString& name, FensterFabrik fabrik) { fabriken()[name] = std::move(fabrik); }
+
+bool FensterOeffnen(const QString& name, int modus, QWidget* cockpit) {
+    auto it = fabriken().find(name);
+    if (it == fabriken().end()) {
+        MsgNichtImplementiert();
+        return false;
+    }
+    it->second(modus, cockpit);
+    return true;
+}
+
+const Untersuchung& UntersuchungVon(int index) {
+    static const Untersuchung keine{"", -1};
+    return index >= 0 && index < UntersuchungAnzahl ? tabelle[index] : keine;
+}
+
+}  // namespace sw
