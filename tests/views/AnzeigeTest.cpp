@@ -14,6 +14,7 @@
 #include "sieve/Zufall.h"
 #include "sieve/basSekundaer.h"
 #include "views/Anzeige.h"
+#include "views/ZahlInfo.h"
 
 namespace sw::test {
 namespace {
@@ -220,6 +221,33 @@ TEST_F(Anzeige, ZufallsrasterStattPrimzahlen) {
     EXPECT_FALSE(logik.Suchen(SucheZwillinge));
     EXPECT_EQ(ui.meldungen.back().text, Text(418));
     ZufallModus = 0;
+}
+
+// The detail window: neighbours from the raster, above it from the secondary window.
+TEST_F(Anzeige, ZahlDetails) {
+    const ZahlInfo klein = ZahlInfoErmitteln(Decimal(1001));
+    EXPECT_FALSE(klein.prim);
+    EXPECT_EQ(klein.faktoren, "7x11x13");
+    EXPECT_EQ(klein.vorherige, ZahlFormat(Decimal(997)));
+    EXPECT_EQ(klein.naechste, ZahlFormat(Decimal(1009)));
+    EXPECT_EQ(klein.abstandVor, "4");
+    EXPECT_EQ(klein.abstandNach, "8");
+    EXPECT_EQ(klein.stellen, 4);
+
+    ASSERT_TRUE(SekundaerSieben(Decimal(int64_t(999999000)), Decimal(2000)));
+    const ZahlInfo gross = ZahlInfoErmitteln(Decimal(int64_t(1000000007)));
+    EXPECT_TRUE(gross.prim);
+    EXPECT_EQ(gross.vorherige, ZahlFormat(Decimal(int64_t(999999937))));
+    EXPECT_EQ(gross.naechste, ZahlFormat(Decimal(int64_t(1000000009))));
+    EXPECT_EQ(gross.abstandVor, "70");
+    EXPECT_EQ(gross.rest6, 5);
+    EXPECT_EQ(gross.rest30, 17);
+    EXPECT_EQ(gross.rest120, 47);
+    EXPECT_EQ(gross.stellen, 10);
+    // Beyond both ranges no neighbour is claimed.
+    const ZahlInfo fern = ZahlInfoErmitteln(Decimal(int64_t(50000000000)));
+    EXPECT_EQ(fern.vorherige, "");
+    EXPECT_EQ(fern.naechste, "");
 }
 
 }  // namespace
