@@ -5,8 +5,10 @@
 #include <map>
 
 #include "frame/Meldungen.h"
+#include "windows/frmAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmSpeicherAuslastung.h"
+#include "windows/frmZufall.h"
 
 namespace sw {
 
@@ -35,8 +37,10 @@ FensterFabrik modal() {
 
 std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
+        {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+        {"frmZufall", modal<frmZufall>()},
     };
     return liste;
 }
