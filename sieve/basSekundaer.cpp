@@ -43,7 +43,7 @@ inline uint64_t Rest(U128 x, uint64_t m) {
     if (hi == 0) return lo % m;
 #if defined(__x86_64__)
     uint64_t q, r;
-    asm("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi % m), "rm"(m));
+    asm("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi < m ? hi : hi % m), "rm"(m));
     (void)q;
     return r;
 #else
@@ -160,13 +160,40 @@ struct MittlerePrimzahl {
 
 // The first multiple m * p >= start with m coprime to 30: its position relative to start
 // and the wheel index of m. Only start mod 30p is needed, so any start works.
-inline uint64_t ErsterVielfacher(U128 start, uint64_t p, uint32_t& j) {
-    const uint64_t r = Rest(start, 30 * p);
-    for (j = 0; j < 8; ++j) {
-        if (RadRest[j] * p >= r) return RadRest[j] * p - r;
+// The window's start for the many large primes: each needs start mod 30p, and an integer
+// division per prime would cost more than all its strikes. The quotient is estimated in
+// double precision (the divisions pipeline), the remainder taken exactly in wrapping 64-bit
+// arithmetic (it is small, so its low 64 bits are all of it) and corrected by whole m.
+struct FensterStart {
+    U128 wert;
+    double naeherung;
+    explicit FensterStart(U128 w) : wert(w), naeherung(double(w)) {}
+
+    uint64_t Rest(uint64_t m) const {
+        const double q = naeherung / double(m);
+        // Only where the estimate is off by one at most; else the exact division.
+        if (!(q < 0x1p50)) return sw::Rest(wert, m);
+        int64_t r = int64_t(uint64_t(wert) - uint64_t(q) * m);
+        // One correction each way, written without branches: its direction is random.
+        r += r < 0 ? int64_t(m) : 0;
+        r -= r >= int64_t(m) ? int64_t(m) : 0;
+        if (r < 0 || r >= int64_t(m)) [[unlikely]] return sw::Rest(wert, m);
+        return uint64_t(r);
     }
-    j = 0;
-    return 31 * p - r;
+};
+
+inline uint64_t ErsterVielfacher(const FensterStart& start, uint64_t p, uint32_t& j) {
+    const uint64_t r = start.Rest(30 * p);
+    // The first wheel residue whose multiple reaches r: counted, not searched, so that no
+    // branch depends on it.
+    uint32_t k = 0;
+    for (uint32_t i = 0; i < 8; ++i) k += RadRest[i] * p < r;
+    if (k == 8) {
+        j = 0;
+        return 31 * p - r;
+    }
+    j = k;
+    return RadRest[k] * p - r;
 }
 
 // Walks the multiples of p from pos by the wheel and strikes those below ende. The division
@@ -223,6 +250,7 @@ ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p) {
 
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
                             SekundaerRueckruf beiSegment, void* kontext) {
+    const FensterStart schnellStart(start);
     const uint64_t spanne = woerter * RasterSpanne;
     // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
     const bool mitMuster = grenze >= 17 && RasterEcht;
@@ -238,7 +266,7 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
     SiebPrimzahlen(mittelBis + 1, radBis, [&](uint64_t p) {
         MittlerePrimzahl m{};
         m.p = uint32_t(p);
-        m.pos = ErsterVielfacher(start, p, m.j);
+        m.pos = ErsterVielfacher(schnellStart, p, m.j);
         rad.push_back(m);
     });
 
@@ -282,7 +310,7 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
         const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
         SiebPrimzahlen(von, bis, [&](uint64_t p) {
             uint32_t j;
-            uint64_t pos = ErsterVielfacher(start, p, j);
+            uint64_t pos = ErsterVielfacher(schnellStart, p, j);
             if (!eimerNutzen) {
                 RadStreichen(raster, pos, p, j, spanne);
                 return;
