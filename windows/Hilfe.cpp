@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTextBrowser>
@@ -71,10 +72,13 @@ public:
         setWindowTitle("SW - Hilfe");
         resize(920, 640);
 
+        QSet<QString> gesehen;  // keys that differ only in case ("StoppUhr", "Stoppuhr") once
         for (const HilfeSeite& s : HilfeSeiten()) {
             auto* item = new QListWidgetItem(s.titel, lstInhalt_);
             item->setData(Qt::UserRole, s.datei);
             for (const QString& k : s.schluessel) {
+                if (gesehen.contains(k.toLower())) continue;
+                gesehen.insert(k.toLower());
                 auto* e = new QListWidgetItem(k, lstIndex_);
                 e->setData(Qt::UserRole, s.datei);
             }

@@ -255,7 +255,7 @@ void frmStart::menuesAufbauen() {
                 FensterOeffnen("frmSpeicherAuslastung", -1, this);
             }));
     connect(alleZu, &QAction::triggered, this, Sicher([this] { AlleFensterSchliessen(); }));
-    laufSperre_ = {laden, mnuSpeichern_, sekSpeichern, primModify};
+    laufSperre_ = {laden, mnuSpeichern_, sekSpeichern, primModify, primTest, mnuMersenne_->menuAction()};
 
     auto* benutzer = Benannt(menuBar()->addMenu(QString()), "mnuBenutzer");
     const std::pair<const char*, int> seiten[] = {
@@ -320,7 +320,8 @@ void frmStart::knoepfeSperren(bool gesperrt) {
     for (QPushButton* b : btnStart_) b->setEnabled(!gesperrt);
     for (QPushButton* b : btnUntersuchung_) b->setEnabled(!gesperrt);
     // Loading, saving or modifying the raster while it is being rebuilt (a yield of the sieve
-    // lets the menu run) would pull it away under the sieve.
+    // lets the menu run) would pull it away under the sieve; the menus that open research
+    // windows wait like the research buttons.
     for (QAction* a : laufSperre_) a->setEnabled(!gesperrt);
     if (!gesperrt) mnuSpeichern_->setEnabled(RasterBereit);
 }

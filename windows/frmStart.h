@@ -82,7 +82,7 @@ private:
     QList<QPushButton*> btnStart_;
     QList<QPushButton*> btnUntersuchung_;
     QMenu* mnuMersenne_ = nullptr;
-    QList<QAction*> laufSperre_;  // menu items that must wait while the raster is rebuilt
+    QList<QAction*> laufSperre_;  // menu items that wait while the raster is rebuilt
     QAction* mnuSpeichern_ = nullptr;
     std::string arbeitsOrdner_;  // the working folder of the start, home of the cockpit's SW.Ini
     QStringList laeufe_;  // one line per finished run or load, for comparing the methods' times

@@ -84,7 +84,9 @@ struct WaehrendDesLaufs {
         if (!cockpit || gesehen) return;
         gesehen = true;
         gesperrt = !Steuer<QPushButton>(cockpit, "btnStart", 0)->isEnabled() &&
-                   !Steuer<QPushButton>(cockpit, "btnUntersuchung", 22)->isEnabled();
+                   !Steuer<QPushButton>(cockpit, "btnUntersuchung", 22)->isEnabled() &&
+                   !Steuer<QAction>(cockpit, "mnuLaden")->isEnabled() &&
+                   !Steuer<QAction>(cockpit, "mnuPrimModify")->isEnabled();
         auto* anzeige = Steuer<QLabel>(cockpit, "lblAnzeige");
         text = anzeige->text();
         schwarzAufWeiss = anzeige->styleSheet().contains("color: black; background: white");

@@ -274,6 +274,28 @@ TEST_F(WerkzeugTest, TheFontChoiceStylesItsTargetAndIsKept) {
     EXPECT_TRUE(liste->font().bold());
 }
 
+TEST_F(WerkzeugTest, AWindowWithOnlyAListPrintsItsLinesOverPages) {
+    Fenster f("frmListe");
+    auto* liste = Benannt(new QListWidget(&f), "List1");
+    f.setCentralWidget(liste);
+    for (int i = 0; i < 400; ++i) liste->addItem(QString::number(i * i));
+    f.FensterLaden("Liste", "S");
+    const QString pdf = QString::fromStdString(Ordner()) + "liste.pdf";
+    DruckDialogHook = [&](QPrinter& drucker) {
+        drucker.setOutputFormat(QPrinter::PdfFormat);
+        drucker.setOutputFileName(pdf);
+        return true;
+    };
+    f.IconAktion(0);  // Print leads the row without navigation
+    QFile gedruckt(pdf);
+    ASSERT_TRUE(gedruckt.open(QIODevice::ReadOnly));
+    const QByteArray inhalt = gedruckt.readAll();
+    EXPECT_TRUE(inhalt.startsWith("%PDF-"));
+    const qsizetype seiten = inhalt.count("/Type /Page") - inhalt.count("/Type /Pages");
+    EXPECT_GT(seiten, 1) << "400 lines do not fit one page";
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
+}
+
 TEST_F(WerkzeugTest, ThePictureKeepsItsDrawingAndSavesBmpAndPng) {
     Bild bild;
     bild.resize(40, 30);
