@@ -395,6 +395,10 @@ void fortschrittMelden(void* kontext, uint64_t fertig, uint64_t gesamt) {
 }  // namespace
 
 bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
+    if (start.IstNegativ() || laenge.IstNegativ()) {
+        MsgBereich();
+        return false;
+    }
     SekundaerFortschrittZiel* ziel = AnzeigeStumm == 0 ? fortschrittZiel : nullptr;
     if (ziel) {
         ziel->LinksSetzen("Starte...");

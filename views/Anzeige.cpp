@@ -39,6 +39,7 @@ void AnzeigeLogik::GeometrieSetzen(int32_t spalten, int32_t zeilen) {
     // Outside mode 0 a cell is a number coprime to 30: whole groups of 8 keep the columns
     // on the same residues from line to line.
     if (Modus != 0) spalten = (spalten + 7) / 8 * 8;
+    if (spalten != spalten_ || zeilen != zeilen_) seiteGueltig_ = false;
     spalten_ = spalten;
     zeilen_ = zeilen;
 }
@@ -104,6 +105,7 @@ bool AnzeigeLogik::BereichHolen(const std::string& anfangText, const std::string
 
 bool AnzeigeLogik::holen() {
     BereichBereit = false;
+    seiteGueltig_ = false;
     SekundaerFortschrittZiel* ziel = AnzeigeStumm ? nullptr : fenster_.Fortschritt();
     if (Modus == 5) {
         if (ziel) SekundaerFortschrittZeigen(*ziel);
@@ -214,6 +216,7 @@ void AnzeigeLogik::Blaettern(int32_t befehl) {
 AnzeigeSeite AnzeigeLogik::Seite() {
     AnzeigeSeite seite;
     if (!BereichBereit || !eigenerBereichSteht()) return seite;
+    if (seiteGueltig_ && seiteAktuell_ == Aktuell) return seite_;
     const Decimal basis = seitenBasis();
     const int32_t zellen = spalten_ * zeilen_;
     seite.zellen.reserve(size_t(zellen));
@@ -259,6 +262,9 @@ AnzeigeSeite AnzeigeLogik::Seite() {
           << ", A = " << ZufallAbstand;
         seite.kopf += s.str();
     }
+    seite_ = seite;
+    seiteAktuell_ = Aktuell;
+    seiteGueltig_ = true;
     return seite;
 }
 

@@ -97,6 +97,11 @@ private:
 
     AnzeigeFenster& fenster_;
     int32_t spalten_ = 16, zeilen_ = 20;
+    // The page last built, kept until the range, the place or the geometry change: the
+    // random raster must not draw anew each time the window repaints.
+    AnzeigeSeite seite_;
+    Decimal seiteAktuell_;
+    bool seiteGueltig_ = false;
     Decimal meinStart_, meinEnde_;  // the secondary window this display sieved
 };
 

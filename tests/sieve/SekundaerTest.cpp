@@ -169,6 +169,8 @@ TEST_F(Sekundaer, UeberschneidungUndQuadratFragen) {
     ASSERT_TRUE(SekundaerSieben(Decimal(5000000), Decimal(1000)));
     const std::vector<uint32_t> vorher = SekundaerRaster;
 
+    EXPECT_FALSE(SekundaerSieben(Decimal(5000000), Decimal(-10)));
+    ui.meldungen.clear();
     EXPECT_FALSE(SekundaerPruefen(Decimal(999), Decimal(100000)));
     ASSERT_EQ(ui.meldungen.size(), 1u);
     EXPECT_NE(ui.meldungen[0].text.find("überschneiden"), std::string::npos);

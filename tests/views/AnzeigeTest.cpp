@@ -218,6 +218,10 @@ TEST_F(Anzeige, ZufallsrasterStattPrimzahlen) {
             EXPECT_NE(RestMaske[(z.zahl % Decimal(120)).AlsLong()], 0u);
         }
     }
+    // A repaint shows the same draw; a new page draws anew.
+    const AnzeigeSeite wieder = logik.Seite();
+    ASSERT_EQ(wieder.zellen.size(), s.zellen.size());
+    for (size_t i = 0; i < s.zellen.size(); ++i) EXPECT_EQ(wieder.zellen[i].prim, s.zellen[i].prim);
     EXPECT_FALSE(logik.Suchen(SucheZwillinge));
     EXPECT_EQ(ui.meldungen.back().text, Text(418));
     ZufallModus = 0;
