@@ -308,18 +308,20 @@ bool AnzeigeLogik::musterBauen(int16_t art) {
     return true;
 }
 
-bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab) {
+// vorige: for the gap search the last prime walked so far, carried from one range to the
+// next, so that a gap longer than the overlap of two ranges is seen across their seam.
+bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige) {
     if (ab > Ende) return false;
     const Decimal letzter = art == SucheLueckeArt || SucheMuster.empty() ? Decimal(0) : Decimal(SucheMuster.back());
     bool treffer = false, ende = false;
     uint64_t gelaufen = 0;
-    Decimal vorige;
     const auto pruefen = [&](const Decimal& c) {
         if ((++gelaufen % SuchTakt) == 0) {
             DoEvents();
             if (SucheAbbruch) return ende = true, false;
         }
         if (art == SucheLueckeArt) {
+            if (c <= vorige) return true;  // walked already in the range before
             if (!vorige.IstNull() && (c - vorige).Double() >= SucheLuecke) {
                 Aktuell = vorige;
                 return treffer = true, false;
@@ -359,8 +361,18 @@ bool AnzeigeLogik::Suchen(int16_t art) {
         return false;
     }
     StummWaechter waechter;
+    Decimal vorige;
     for (;;) {
-        if (imRangeSuchen(art, Aktuell + Decimal(1))) {
+        if (imRangeSuchen(art, Aktuell + Decimal(1), vorige)) {
+            if (Aktuell < Anfang) {
+                // A gap that began in the range before: the range moves back to its first
+                // prime, so that the page shows the whole gap.
+                Anfang = Aktuell;
+                fenster_.AnfangSchreiben(ZahlFormat(Anfang));
+                Ende = Anfang + Laenge;
+                AnzeigeStumm = 1;
+                if (!holen()) return false;
+            }
             fenster_.Zeichnen();
             return true;
         }

@@ -90,7 +90,7 @@ private:
     bool holen();
     bool musterBauen(int16_t art);
     bool istPrim(const Decimal& n);
-    bool imRangeSuchen(int16_t art, const Decimal& ab);
+    bool imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige);
     bool eigenerBereichSteht();
     Decimal seitenBasis() const;
     Decimal zelleZahl(const Decimal& basis, int32_t index) const;

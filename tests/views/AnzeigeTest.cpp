@@ -207,6 +207,37 @@ TEST_F(Anzeige, SucheUeberDieNaht) {
     EXPECT_TRUE(gefunden);
 }
 
+// A gap longer than the overlap of two ranges: its first prime lies only in the first range,
+// its last only in the next; the search still sees it.
+TEST_F(Anzeige, LueckeUeberDieNaht) {
+    const int64_t basis = 1000000000000;
+    const std::set<int64_t> prim = Primzahlen(basis, basis + 3000000);
+    int64_t q = 0, c = 0, vorige = 0;
+    for (int64_t p : prim) {
+        if (vorige && p - vorige >= 150 && vorige - basis > 2000) {
+            q = vorige;
+            c = p;
+            break;
+        }
+        vorige = p;
+    }
+    ASSERT_NE(q, 0);
+    const int64_t anfang = q + 130 - 1000;
+    for (auto it = prim.lower_bound(anfang); *it < q; ++it) ASSERT_LT(*std::next(it) - *it, 150);
+    ASSERT_TRUE(logik.BereichHolen(std::to_string(anfang), "1000"));
+    logik.SucheLuecke = 150;
+    logik.SekundaerDurchsuchen = true;
+    EXPECT_TRUE(logik.Suchen(SucheLueckeArt));
+    EXPECT_EQ(logik.Aktuell, Decimal(q));
+    // Found from the next range, which then moved back to show the whole gap.
+    EXPECT_EQ(logik.Anfang, Decimal(q));
+    EXPECT_LE(Decimal(c), logik.Ende);
+    bool beide = false;
+    const AnzeigeSeite seite = logik.Seite();
+    for (const AnzeigeZelle& z : seite.zellen) beide |= z.prim && z.zahl == Decimal(q);
+    EXPECT_TRUE(beide);
+}
+
 TEST_F(Anzeige, ZufallsrasterStattPrimzahlen) {
     ZufallModus = 1;
     RandomFaktorBitKette = 0;
