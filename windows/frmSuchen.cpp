@@ -39,6 +39,8 @@ frmSuchen::frmSuchen(frmAnzeige& anzeige, QWidget* eltern) : Fenster("frmSuchen"
     lay->addLayout(raster);
     chkSekundaer_ = Benannt(new QCheckBox("In den folgenden Bereichen weitersuchen", mitte), "chkSekundaer");
     lay->addWidget(chkSekundaer_);
+    lblStatus_ = Benannt(new QLabel(mitte), "lblStatus");
+    lay->addWidget(lblStatus_);
     auto* knoepfe = new QHBoxLayout;
     btnGO_ = Benannt(new QPushButton("Suchen", mitte), "btnGO");
     auto* abbrechen = Benannt(new QPushButton("Abbrechen", mitte), "btnCancel");
@@ -74,12 +76,14 @@ bool frmSuchen::Starten() {
     const int16_t suchArt = int16_t(art <= 1 ? art : art - 1);
     SucheAbbruch = false;
     btnGO_->setEnabled(false);
+    lblStatus_->setText(QString::fromStdString(Text(153)));
     StoppUhrStart(Text(153));
     bool treffer = false;
     Behandeln([&] { treffer = logik.Suchen(suchArt); });
     StoppUhrStop();
     if (!anzeige_) return treffer;  // the display closed during the search
     btnGO_->setEnabled(true);
+    lblStatus_->setText(treffer ? QString::fromStdString(Text(585)) : QString());
     if (treffer) MsgInfo(585);
     return treffer;
 }

@@ -11,6 +11,7 @@ class QRadioButton;
 class QLineEdit;
 class QCheckBox;
 class QPushButton;
+class QLabel;
 
 namespace sw {
 
@@ -30,6 +31,7 @@ private:
     QLineEdit* txtLuecke_;
     QCheckBox* chkSekundaer_;
     QPushButton* btnGO_;
+    QLabel* lblStatus_;
 };
 
 }  // namespace sw

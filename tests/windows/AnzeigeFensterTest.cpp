@@ -16,6 +16,7 @@
 #include "sieve/Zufall.h"
 #include "windows/Fensterregister.h"
 #include "windows/frmAnzeige.h"
+#include "windows/frmSuchen.h"
 #include "windows/frmZahl.h"
 #include "windows/frmZufall.h"
 
@@ -58,6 +59,28 @@ TEST_F(AnzeigeFensterTest, BereichHolenBlaetternUndZahl) {
     }
     EXPECT_TRUE(gefunden);
     fenster->close();
+    Aufraeumen();
+}
+
+TEST_F(AnzeigeFensterTest, SuchenFindetZwillinge) {
+    ASSERT_TRUE(FensterOeffnen("frmAnzeige", UntersuchungVon(23).modus, nullptr));
+    Suche<QLineEdit>("txtEingabe", 0)->setText("1.000");
+    Suche<QLineEdit>("txtEingabe", 1)->setText("100.000");
+    QTest::mouseClick(Suche<QPushButton>("btnGO"), Qt::LeftButton);
+    QTest::mouseClick(Suche<QPushButton>("btnSuchen"), Qt::LeftButton);
+    QPushButton* suchenGo = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (dynamic_cast<frmSuchen*>(w)) suchenGo = Steuer<QPushButton>(w, "btnGO");
+    }
+    ASSERT_NE(suchenGo, nullptr);
+    QTest::mouseClick(suchenGo, Qt::LeftButton);
+    frmAnzeige* fenster = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (auto* a = dynamic_cast<frmAnzeige*>(w)) fenster = a;
+    }
+    ASSERT_NE(fenster, nullptr);
+    EXPECT_EQ(fenster->Logik().Aktuell, Decimal(1019)) << Meldungen();
+    for (QWidget* w : QApplication::topLevelWidgets()) w->close();
     Aufraeumen();
 }
 
