@@ -212,6 +212,7 @@ inline uint64_t RadStreichen(uint32_t* raster, uint64_t pos, uint64_t p, uint32_
 // Calls f(p) for every prime 7 <= p <= bis of the primary raster, in ascending order.
 template <typename F>
 void SiebPrimzahlen(uint64_t von, uint64_t bis, F&& f) {
+    if (PrimaerRaster.empty()) return;
     const uint32_t* raster = PrimaerRaster.data();
     const uint64_t letztes = std::min<uint64_t>(bis / RasterSpanne, PrimaerRaster.size() - 1);
     for (uint64_t k = von / RasterSpanne; k <= letztes; ++k) {
