@@ -67,6 +67,7 @@ void ausgeben(const Frage& f, JsonObjekt& j, const std::string& text) {
 void zaehlen(const Frage& f) {
     const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
     if (von > bis) throw CliFehler("count: FROM " + von.Text() + " is greater than TO " + bis.Text());
+    if (SekundaerWeg(bis, f.raster)) return SekundaerZaehlenAusgeben(von, bis, f.json);
     RasterBereitstellen(f.raster, bisGrenze(bis, "count"));
     ImRasterPruefen(bis, "count");
     const Decimal anzahl = PrimAnzahl(von, bis);
@@ -110,6 +111,7 @@ private:
 void auflisten(const Frage& f) {
     const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
     if (von > bis) throw CliFehler("primes: FROM " + von.Text() + " is greater than TO " + bis.Text());
+    if (SekundaerWeg(bis, f.raster)) return SekundaerAuflisten(von, bis, f.json);
     RasterBereitstellen(f.raster, bisGrenze(bis, "primes"));
     ImRasterPruefen(bis, "primes");
     Puffer aus;

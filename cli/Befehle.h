@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include "frame/Decimal.h"
+
 namespace sw::cli {
 
 // sieve: builds the primary raster by one of the seven methods, counts it, saves it.
@@ -14,5 +16,12 @@ void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // eval: evaluates a formula and prints its value and digit count.
 void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
+// twins; and the road of count and primes beyond the primary raster (the secondary sieve).
+struct RasterWahl;
+void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl);
+void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json);
+void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json);
 
 }  // namespace sw::cli

@@ -1,10 +1,13 @@
 #include "sieve/basQuadrato.h"
 
 #include <cstdint>
+#include <string>
 
+#include "frame/Fortschritt.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
+#include "sieve/basSekundaer.h"
 
 namespace sw {
 
@@ -33,6 +36,43 @@ void SiebQuadratDifferenz() {
         }
         DoEvents();
     }
+}
+
+namespace {
+
+struct QuadratoStand {
+    SekundaerFortschrittZiel* ziel;
+};
+
+void quadratoFortschritt(void* kontext, uint64_t fertig, uint64_t gesamt) {
+    auto* stand = static_cast<QuadratoStand*>(kontext);
+    if (stand->ziel && AnzeigeStumm == 0) {
+        const int32_t prozent = Prozent(double(fertig), 0, double(gesamt));
+        stand->ziel->ProzentSetzen(std::to_string(prozent) + " %");
+        stand->ziel->BalkenSetzen(prozent);
+    }
+    DoEvents();
+}
+
+}  // namespace
+
+// The pairs (a, y) of one a with a(a + 2y) in the window are the multiples a * b, b >= a odd;
+// with a prime they are exactly what the segmented engine of the secondary range strikes for
+// a. So the window is handed to it, with the window's own base and limits.
+bool SekundaerQuadrato(const Decimal& start, const Decimal& ende, SekundaerFortschrittZiel* ziel) {
+    const Decimal spanne(RasterSpanne);
+    const Decimal basis = start / spanne * spanne;
+    const Decimal letzter = ende / spanne * spanne;
+    if (letzter < basis) return false;
+    const uint64_t woerter = uint64_t(((letzter - basis) / spanne).AlsInt64()) + 1;
+    Decimal grenze = GanzeWurzel(basis + Decimal(woerter * RasterSpanne - 1));
+    if (PrimaerGrenze < grenze) grenze = PrimaerGrenze;
+    QuadratoStand stand{ziel};
+    return SekundaerFensterSetzen(basis.Betrag(), woerter, uint64_t(grenze.AlsInt64()), quadratoFortschritt, &stand);
+}
+
+int32_t SekundaerQuadratoZaehlen(const Decimal& von, const Decimal& bis) {
+    return int32_t(SekundaerAnzahl(von, bis));
 }
 
 }  // namespace sw

@@ -4,9 +4,24 @@
 // display comes with that display.
 #pragma once
 
+#include <cstdint>
+
+#include "frame/Decimal.h"
+
 namespace sw {
 
 // Method 4.
 void SiebQuadratDifferenz();
+
+// The window of the prime display's mode 5, from start to the number ende (not a length):
+// SekundaerStart = start rounded down to a multiple of 120, words up to ende div 120. Every
+// composite a(a + 2y) of the window, a its smallest prime factor, is struck, with the progress
+// on ziel (may be null). The primes up to the root of the window's end must stand in the
+// primary raster; above that the window holds the numbers free of the raster's primes.
+// Out of memory: "SW - Memory" and false.
+class SekundaerFortschrittZiel;
+bool SekundaerQuadrato(const Decimal& start, const Decimal& ende, SekundaerFortschrittZiel* ziel);
+// The primes n of that window with von <= n <= bis.
+int32_t SekundaerQuadratoZaehlen(const Decimal& von, const Decimal& bis);
 
 }  // namespace sw

@@ -6,8 +6,10 @@
 
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
+#include "windows/frmAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmSpeicherAuslastung.h"
+#include "windows/frmZufall.h"
 
 namespace sw {
 
@@ -37,8 +39,10 @@ FensterFabrik modal() {
 std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
+        {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+        {"frmZufall", modal<frmZufall>()},
     };
     return liste;
 }

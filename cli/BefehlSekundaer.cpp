@@ -1,0 +1,208 @@
+// Ranges beyond the primary raster: count and primes above GrenzeLong (without a raster the
+// user chose) walk the range window by window through the secondary sieve, with a primary
+// raster only up to the square root of the end (a block file of that size in the working
+// folder is loaded instead of sieved). twins lists the prime pairs of any range the same way.
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include "Befehle.h"
+#include "CliUmgebung.h"
+#include "frame/Oberflaeche.h"
+#include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
+#include "sieve/basSekundaer.h"
+#include "sieve/basSiebwerk.h"
+
+namespace sw::cli {
+
+namespace {
+
+// 2^23 words (1,006,632,960 numbers, 32 MB) per window: large enough that the start offsets
+// of the sieving primes are paid rarely, small enough for any machine.
+constexpr uint64_t FensterWoerter = uint64_t(1) << 23;
+
+// The primary raster the range needs: one up to the root of bis, loaded from a block file of
+// the working folder when one of that size or larger is there.
+void WurzelRasterBereitstellen(const Decimal& bis, const std::string& frage) {
+    const Decimal wurzel = GanzeWurzel(bis);
+    if (wurzel > GroessteGrenze()) {
+        throw CliFehler(frage + ": " + bis.Text() + " lies beyond the square of the largest raster (" +
+                        GroessteGrenze().Text() + ")");
+    }
+    const Decimal grenze = wurzel < Decimal(1000) ? Decimal(1000) : wurzel;
+    if (!PrimaerLauf(grenze, MethodeBereichBeschaffen)) {
+        const std::string m = Terminal().LetzteMeldung();
+        throw CliFehler(m.empty() ? "the raster cannot be built" : m);
+    }
+}
+
+void segmentGemeldet(void*, uint64_t, uint64_t) { DoEvents(); }
+
+// Sieves [a, bis] (a above the primary raster) window by window; fenster(von, bis) is called
+// with the part of each window that belongs to the range, in ascending order.
+template <typename Fenster>
+void FensterDurchlaufen(Zahl128 a, Zahl128 bis, Fenster&& fenster) {
+    const uint64_t grenze = uint64_t(PrimaerGrenze.AlsInt64());
+    while (a <= bis) {
+        const Zahl128 basis = a / RasterSpanne * RasterSpanne;
+        const uint64_t woerter = uint64_t(std::min<Zahl128>(FensterWoerter, (bis - basis) / RasterSpanne + 1));
+        if (!SekundaerFensterSetzen(basis, woerter, grenze, segmentGemeldet)) throw CliFehler("not enough memory");
+        const Zahl128 ende = basis + Zahl128(woerter) * RasterSpanne - 1;
+        fenster(a, std::min(ende, bis));
+        a = ende + 1;
+    }
+}
+
+// Every prime of [von, bis] in ascending order, from the primary raster and then the windows.
+template <typename Ausgabe>
+void PrimzahlenBereich(const Decimal& von, const Decimal& bis, Ausgabe&& ausgabe) {
+    const Zahl128 a = von.Betrag(), b = bis.Betrag();
+    const Zahl128 g = PrimaerGrenze.Betrag();
+    bool weiter = true;
+    if (a <= g) {
+        PrimzahlenDurchlaufen(uint64_t(a), uint64_t(std::min(b, g)), [&](uint64_t p) {
+            return weiter = ausgabe(Zahl128(p));
+        });
+    }
+    if (!weiter || b <= g) return;
+    FensterDurchlaufen(std::max(a, g + 1), b, [&](Zahl128 x, Zahl128 y) {
+        if (weiter) SekundaerDurchlaufen(x, y, [&](Zahl128 p) { return weiter = ausgabe(p); });
+    });
+}
+
+// Output through one buffer; the numbers may have up to 29 digits.
+class Ausgabe {
+public:
+    ~Ausgabe() { leeren(); }
+    void zahl(Zahl128 v) {
+        char z[40];
+        int n = 0;
+        do {
+            z[n++] = char('0' + int(v % 10));
+            v /= 10;
+        } while (v);
+        if (pos_ + 48 > sizeof daten_) leeren();
+        while (n) daten_[pos_++] = z[--n];
+    }
+    void text(const std::string& s) {
+        if (pos_ + s.size() > sizeof daten_) leeren();
+        if (s.size() > sizeof daten_) {
+            std::fwrite(s.data(), 1, s.size(), stdout);
+            return;
+        }
+        std::memcpy(daten_ + pos_, s.data(), s.size());
+        pos_ += s.size();
+    }
+    void leeren() {
+        std::fwrite(daten_, 1, pos_, stdout);
+        pos_ = 0;
+    }
+
+private:
+    char daten_[1 << 16];
+    size_t pos_ = 0;
+};
+
+std::string kopf(const Decimal& von, const Decimal& bis) {
+    return "{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + PrimaerGrenze.Text();
+}
+
+struct Paare {
+    std::vector<std::string> zahlen{2};
+    RasterWahl raster;
+    bool json = false;
+};
+
+void zwillinge(const Paare& f) {
+    const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
+    if (von > bis) throw CliFehler("twins: FROM " + von.Text() + " is greater than TO " + bis.Text());
+    if (SekundaerWeg(bis, f.raster)) {
+        WurzelRasterBereitstellen(bis, "twins");
+    } else {
+        RasterBereitstellen(f.raster, bis < Decimal(1000) ? Decimal(1000) : bis);
+        ImRasterPruefen(bis, "twins");
+    }
+    Ausgabe aus;
+    if (f.json) aus.text(kopf(von, bis) + ",\"twins\":[");
+    uint64_t anzahl = 0;
+    Zahl128 vorige = 0;
+    PrimzahlenBereich(von, bis, [&](Zahl128 p) {
+        if (vorige && p - vorige == 2) {
+            if (f.json) aus.text(anzahl ? ",[" : "[");
+            aus.zahl(vorige);
+            aus.text(f.json ? "," : " ");
+            aus.zahl(p);
+            aus.text(f.json ? "]" : "\n");
+            if ((++anzahl & 0xFFFF) == 0) aus.leeren();
+        }
+        vorige = p;
+        return true;
+    });
+    if (f.json) {
+        aus.text("],\"count\":");
+        aus.zahl(anzahl);
+        aus.text("}\n");
+    }
+}
+
+}  // namespace
+
+bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl) {
+    // A raster the user chose answers what it holds and refuses the rest, as it always did.
+    return !RasterGewaehlt(wahl) && bis > Decimal(GrenzeLong);
+}
+
+void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json) {
+    WurzelRasterBereitstellen(bis, "count");
+    Decimal anzahl;
+    if (von <= PrimaerGrenze) anzahl = PrimAnzahl(von, bis < PrimaerGrenze ? bis : PrimaerGrenze);
+    if (bis > PrimaerGrenze) {
+        uint64_t fenster = 0;
+        FensterDurchlaufen(std::max(von.Betrag(), PrimaerGrenze.Betrag() + 1), bis.Betrag(), [&](Zahl128 x, Zahl128 y) {
+            fenster += SekundaerAnzahl(Decimal(x), Decimal(y));
+        });
+        anzahl += Decimal(fenster);
+    }
+    if (json) {
+        std::printf("{\"from\":%s,\"to\":%s,\"count\":%s,\"limit\":%s}\n", von.Text().c_str(), bis.Text().c_str(),
+                    anzahl.Text().c_str(), PrimaerGrenze.Text().c_str());
+    } else {
+        std::printf("%s\n", anzahl.Text().c_str());
+    }
+}
+
+void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json) {
+    WurzelRasterBereitstellen(bis, "primes");
+    Ausgabe aus;
+    if (json) aus.text(kopf(von, bis) + ",\"primes\":[");
+    uint64_t anzahl = 0;
+    PrimzahlenBereich(von, bis, [&](Zahl128 p) {
+        if (json && anzahl) aus.text(",");
+        aus.zahl(p);
+        if (!json) aus.text("\n");
+        if ((++anzahl & 0xFFFF) == 0) {
+            aus.leeren();
+            DoEvents();
+        }
+        return true;
+    });
+    if (json) {
+        aus.text("],\"count\":");
+        aus.zahl(anzahl);
+        aus.text("}\n");
+    }
+}
+
+void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag) {
+    auto f = std::make_shared<Paare>();
+    CLI::App* sub = app.add_subcommand("twins", "list the prime pairs p, p+2 with FROM <= p and p+2 <= TO");
+    sub->add_option("FROM", f->zahlen[0], "a whole number")->required();
+    sub->add_option("TO", f->zahlen[1], "a whole number")->required();
+    sub->add_option("--limit", f->raster.limit, "sieve the raster up to this limit");
+    sub->add_option("--block", f->raster.block, "load the raster from this block file");
+    sub->add_flag("--json", f->json, "print one JSON object");
+    sub->callback([f, &auftrag]() { auftrag = [f]() { zwillinge(*f); }; });
+}
+
+}  // namespace sw::cli

@@ -1,0 +1,504 @@
+#include "sieve/basSekundaer.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <cmath>
+#include <cstring>
+#include <new>
+#include <vector>
+
+#include "frame/Fortschritt.h"
+#include "frame/Meldungen.h"
+#include "frame/Oberflaeche.h"
+#include "frame/Texte.h"
+
+namespace sw {
+
+int32_t AnzeigeStumm = 0;
+
+namespace {
+
+SekundaerFortschrittZiel* fortschrittZiel = nullptr;
+
+using U128 = unsigned __int128;
+
+// The window is worked in chunks that stay in the second-level cache (1 MB), and each chunk
+// in segments that stay in the first-level cache (32 KB), where the small primes strike.
+constexpr uint64_t SegmentWoerter = uint64_t(1) << 13;
+constexpr uint64_t BlockWoerter = uint64_t(1) << 18;
+constexpr uint64_t BlockZahlen = BlockWoerter * RasterSpanne;
+
+// The residues coprime to 30 and the gap from each to the next.
+constexpr uint32_t RadRest[8] = {1, 7, 11, 13, 17, 19, 23, 29};
+constexpr uint32_t RadLuecke[8] = {6, 4, 2, 4, 2, 4, 6, 2};
+
+// x mod m for x up to 2^128 and m < 2^64. Above 2^64 the high half is reduced first; then the
+// quotient of the 128/64 division fits 64 bits and the processor's divide does it in one step.
+inline uint64_t Rest(U128 x, uint64_t m) {
+    const uint64_t hi = uint64_t(x >> 64), lo = uint64_t(x);
+    if (hi == 0) return lo % m;
+#if defined(__x86_64__)
+    uint64_t q, r;
+    asm("divq %4" : "=a"(q), "=d"(r) : "a"(lo), "d"(hi < m ? hi : hi % m), "rm"(m));
+    (void)q;
+    return r;
+#else
+    return uint64_t(x % m);
+#endif
+}
+
+// The primes 7, 11, 13 and 17 repeat with a period of 17017 words; a copy of the pattern
+// strikes them at the speed of memory, which is where most strikes of the window would go.
+constexpr uint64_t MusterWoerter = 7 * 11 * 13 * 17;
+constexpr uint32_t MusterPrimzahlen[4] = {7, 11, 13, 17};
+
+const std::vector<uint32_t>& Muster() {
+    static const std::vector<uint32_t> muster = [] {
+        std::vector<uint32_t> m(MusterWoerter, 0);
+        for (uint32_t p : MusterPrimzahlen) {
+            for (uint64_t n = p; n < MusterWoerter * RasterSpanne; n += 2 * p) {
+                m[n / RasterSpanne] |= RestMaske[n % RasterSpanne];
+            }
+        }
+        return m;
+    }();
+    return muster;
+}
+
+void MusterKopieren(uint32_t* ziel, uint64_t anzahl, uint64_t musterPos) {
+    const uint32_t* muster = Muster().data();
+    while (anzahl) {
+        const uint64_t stueck = std::min(anzahl, MusterWoerter - musterPos);
+        std::memcpy(ziel, muster + musterPos, stueck * sizeof(uint32_t));
+        ziel += stueck;
+        anzahl -= stueck;
+        musterPos = 0;
+    }
+}
+
+// A prime below the block length strikes by cycles of 120p numbers (p words): the multiples
+// p * (120k + r) for the 32 residues r fall at fixed word offsets and masks in every cycle, so
+// a whole cycle is 32 strikes with no test between them. naechster is the start of the next
+// cycle (or of the one in progress, if negative) relative to the segment.
+struct ZyklusPrimzahl {
+    uint32_t p;
+    uint32_t q;       // p div 120
+    int32_t zeile;    // 32 * bit index of p mod 120, the row of the product tables
+    int64_t naechster;
+};
+
+ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p);
+
+// The residues of the bits as constants, so that the cycle of each residue class of p can be
+// compiled with its 32 offsets and masks as immediates (the tables of RasterTabellen hold the
+// same values at run time).
+constexpr int64_t Reste[32] = {1,  7,  11, 13, 17, 19, 23, 29, 31, 37,  41,  43,  47,  49,  53,  59,
+                               61, 67, 71, 73, 77, 79, 83, 89, 91, 97, 101, 103, 107, 109, 113, 119};
+constexpr uint32_t MaskeVon(int64_t rest) {
+    for (int i = 0; i < 32; ++i) {
+        if (Reste[i] == rest) return 0x80000000u >> i;
+    }
+    return 0;
+}
+
+template <size_t I, size_t... C>
+inline void ZyklusVoll(uint32_t* b, int64_t q, std::index_sequence<C...>) {
+    ((b[q * Reste[C] + (Reste[I] * Reste[C]) / 120] |= MaskeVon((Reste[I] * Reste[C]) % 120)), ...);
+}
+
+// Whole cycles from s on while they end inside the segment; gives the first cycle left.
+template <size_t I>
+int64_t ZyklenStreichen(uint32_t* seg, int64_t s, int64_t laenge, int64_t p, int64_t q) {
+    for (; s + p <= laenge; s += p) ZyklusVoll<I>(seg + s, q, std::make_index_sequence<32>{});
+    return s;
+}
+
+using ZyklenFunktion = int64_t (*)(uint32_t*, int64_t, int64_t, int64_t, int64_t);
+template <size_t... I>
+constexpr std::array<ZyklenFunktion, 32> ZyklenTabelle(std::index_sequence<I...>) {
+    return {&ZyklenStreichen<I>...};
+}
+constexpr std::array<ZyklenFunktion, 32> Zyklen = ZyklenTabelle(std::make_index_sequence<32>{});
+
+// Strikes the multiples of one prime in seg[0 .. laenge) and carries the cycle on.
+inline void ZyklusStreichen(uint32_t* seg, int64_t laenge, ZyklusPrimzahl& z) {
+    int64_t versatz[32];
+    const int32_t* pw = ProduktWort + z.zeile;
+    const uint32_t* pm = ProduktMaske + z.zeile;
+    for (int c = 0; c < 32; ++c) versatz[c] = int64_t(z.q) * RasterRest[c + 1] + pw[c];
+    const int64_t p = z.p;
+    int64_t s = z.naechster;
+    if (s < 0) {
+        // The rest of a cycle begun before this segment.
+        for (int c = 0; c < 32; ++c) {
+            const int64_t w = s + versatz[c];
+            if (w >= 0 && w < laenge) seg[w] |= pm[c];
+        }
+        if (s + p > laenge) {
+            z.naechster = s - laenge;
+            return;
+        }
+        s += p;
+    }
+    // Whole cycles: the hot loop, 32 independent strikes in the cache per turn.
+    s = Zyklen[size_t(z.zeile / 32)](seg, s, laenge, p, int64_t(z.q));
+    // The first part of the next cycle; the rest is the next segment's head.
+    for (int c = 0; c < 32 && s + versatz[c] < laenge; ++c) seg[s + versatz[c]] |= pm[c];
+    z.naechster = s - laenge;
+}
+
+// A medium prime walks its multiples by the wheel of 30 from segment to segment.
+struct MittlerePrimzahl {
+    uint64_t pos;   // next multiple, relative to the window's start
+    uint32_t p;
+    uint32_t j;     // wheel index of the multiplier of pos
+};
+
+// The first multiple m * p >= start with m coprime to 30: its position relative to start
+// and the wheel index of m. Only start mod 30p is needed, so any start works.
+// The window's start for the many large primes: each needs start mod 30p, and an integer
+// division per prime would cost more than all its strikes. The quotient is estimated in
+// double precision (the divisions pipeline), the remainder taken exactly in wrapping 64-bit
+// arithmetic (it is small, so its low 64 bits are all of it) and corrected by whole m.
+struct FensterStart {
+    U128 wert;
+    double naeherung;
+    explicit FensterStart(U128 w) : wert(w), naeherung(double(w)) {}
+
+    uint64_t Rest(uint64_t m) const {
+        const double q = naeherung / double(m);
+        // Only where the estimate is off by one at most; else the exact division.
+        if (!(q < 0x1p50)) return sw::Rest(wert, m);
+        int64_t r = int64_t(uint64_t(wert) - uint64_t(q) * m);
+        // One correction each way, written without branches: its direction is random.
+        r += r < 0 ? int64_t(m) : 0;
+        r -= r >= int64_t(m) ? int64_t(m) : 0;
+        if (r < 0 || r >= int64_t(m)) [[unlikely]] return sw::Rest(wert, m);
+        return uint64_t(r);
+    }
+};
+
+inline uint64_t ErsterVielfacher(const FensterStart& start, uint64_t p, uint32_t& j) {
+    const uint64_t r = start.Rest(30 * p);
+    // The first wheel residue whose multiple reaches r: counted, not searched, so that no
+    // branch depends on it.
+    uint32_t k = 0;
+    for (uint32_t i = 0; i < 8; ++i) k += RadRest[i] * p < r;
+    if (k == 8) {
+        j = 0;
+        return 31 * p - r;
+    }
+    j = k;
+    return RadRest[k] * p - r;
+}
+
+// Walks the multiples of p from pos by the wheel and strikes those below ende. The division
+// by 120 is by a constant and compiles to a multiplication.
+inline uint64_t RadStreichen(uint32_t* raster, uint64_t pos, uint64_t p, uint32_t& j, uint64_t ende) {
+    uint32_t k = j;
+    while (pos < ende) {
+        raster[pos / RasterSpanne] |= RestMaske[pos % RasterSpanne];
+        pos += p * RadLuecke[k];
+        k = (k + 1) & 7;
+    }
+    j = k;
+    return pos;
+}
+
+// Calls f(p) for every prime 7 <= p <= bis of the primary raster, in ascending order.
+template <typename F>
+void SiebPrimzahlen(uint64_t von, uint64_t bis, F&& f) {
+    if (PrimaerRaster.empty()) return;
+    const uint32_t* raster = PrimaerRaster.data();
+    const uint64_t letztes = std::min<uint64_t>(bis / RasterSpanne, PrimaerRaster.size() - 1);
+    for (uint64_t k = von / RasterSpanne; k <= letztes; ++k) {
+        const uint32_t wort = raster[k];
+        if (wort == 0xFFFFFFFFu) continue;
+        for (uint32_t frei = ~wort; frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const uint64_t p = k * RasterSpanne + uint64_t(RasterRest[i + 1]);
+            if (p < von || p < 7) continue;
+            if (p > bis) return;
+            f(p);
+        }
+    }
+}
+
+int32_t BitIndex(uint64_t rest) {
+    for (int32_t i = 1; i <= 32; ++i) {
+        if (uint64_t(RasterRest[i]) == rest) return i - 1;
+    }
+    return -1;
+}
+
+// The cycles of p begin at the multiples of 120p; the one holding start began R = start mod
+// 120p numbers before it, a whole number of words since both are multiples of 120.
+ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p) {
+    ZyklusPrimzahl z{};
+    z.p = uint32_t(p);
+    z.q = uint32_t(p / RasterSpanne);
+    z.zeile = 32 * BitIndex(p % RasterSpanne);
+    z.naechster = -int64_t(Rest(start, RasterSpanne * p) / RasterSpanne);
+    return z;
+}
+
+}  // namespace
+
+void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
+                            SekundaerRueckruf beiSegment, void* kontext) {
+    const FensterStart schnellStart(start);
+    const uint64_t spanne = woerter * RasterSpanne;
+    // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
+    const bool mitMuster = grenze >= 17 && RasterEcht;
+    const uint64_t startWort = uint64_t(start / RasterSpanne % MusterWoerter);
+
+    std::vector<ZyklusPrimzahl> klein, mittel;
+    std::vector<MittlerePrimzahl> rad;
+    const uint64_t kleinBis = std::min(grenze, SegmentWoerter - 1);
+    const uint64_t mittelBis = std::min(grenze, BlockWoerter - 1);
+    const uint64_t radBis = std::min(grenze, BlockZahlen - 1);
+    SiebPrimzahlen(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
+    SiebPrimzahlen(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
+    SiebPrimzahlen(mittelBis + 1, radBis, [&](uint64_t p) {
+        MittlerePrimzahl m{};
+        m.p = uint32_t(p);
+        m.pos = ErsterVielfacher(schnellStart, p, m.j);
+        rad.push_back(m);
+    });
+
+    const uint64_t bloecke = (woerter + BlockWoerter - 1) / BlockWoerter;
+    const uint64_t grossBis = grenze > radBis ? grenze : 0;
+    // The large primes are walked in slices of the primary raster, each counted as a step.
+    const uint64_t grossSchritte = grossBis ? (grossBis - radBis) / BlockZahlen + 1 : 0;
+    const uint64_t gesamt = bloecke + grossSchritte;
+
+    for (uint64_t b = 0; b < bloecke; ++b) {
+        const uint64_t anfang = b * BlockWoerter;
+        const uint64_t laenge = std::min(BlockWoerter, woerter - anfang);
+        uint32_t* block = raster + anfang;
+        for (uint64_t s = 0; s < laenge; s += SegmentWoerter) {
+            const uint64_t n = std::min(SegmentWoerter, laenge - s);
+            if (mitMuster) MusterKopieren(block + s, n, (startWort + anfang + s) % MusterWoerter);
+            for (ZyklusPrimzahl& z : klein) ZyklusStreichen(block + s, int64_t(n), z);
+        }
+        for (ZyklusPrimzahl& z : mittel) ZyklusStreichen(block, int64_t(laenge), z);
+        const uint64_t ende = (anfang + laenge) * RasterSpanne;
+        for (MittlerePrimzahl& m : rad) m.pos = RadStreichen(raster, m.pos, m.p, m.j, ende);
+        if (beiSegment) beiSegment(kontext, b + 1, gesamt);
+    }
+
+    // Primes beyond a block strike it at most once, all over the window. Struck directly, each
+    // strike would wait for main memory; so the hits are first sorted into one bucket per
+    // block (word index and bit in one 32-bit entry, appended to a few sequential streams)
+    // and then struck bucket by bucket, each within one block in the cache.
+    const bool eimerNutzen = woerter < (uint64_t(1) << 27);
+    std::vector<std::vector<uint32_t>> eimer(eimerNutzen ? bloecke : 0);
+    size_t gepuffert = 0;
+    const auto eimerLeeren = [&] {
+        for (std::vector<uint32_t>& e : eimer) {
+            for (uint32_t h : e) raster[h >> 5] |= 0x80000000u >> (h & 31);
+            e.clear();
+        }
+        gepuffert = 0;
+    };
+    for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
+        const uint64_t von = radBis + 1 + schritt * BlockZahlen;
+        const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
+        SiebPrimzahlen(von, bis, [&](uint64_t p) {
+            uint32_t j;
+            uint64_t pos = ErsterVielfacher(schnellStart, p, j);
+            if (!eimerNutzen) {
+                RadStreichen(raster, pos, p, j, spanne);
+                return;
+            }
+            while (pos < spanne) {
+                const uint64_t w = pos / RasterSpanne;
+                const uint32_t bit = uint32_t(__builtin_clz(RestMaske[pos - w * RasterSpanne]));
+                eimer[w / BlockWoerter].push_back(uint32_t(w << 5) | bit);
+                ++gepuffert;
+                pos += p * RadLuecke[j];
+                j = (j + 1) & 7;
+            }
+        });
+        if (gepuffert > (size_t(1) << 22)) eimerLeeren();
+        if (beiSegment) beiSegment(kontext, bloecke + schritt + 1, gesamt);
+    }
+    eimerLeeren();
+
+    // The multiplier 1 struck the sieving primes themselves where the window reaches down to
+    // them; they are primes and get their bits back. The number 1 is no prime.
+    if (start <= grenze) {
+        const uint64_t s64 = uint64_t(start);
+        SiebPrimzahlen(std::max<uint64_t>(s64, 7), std::min<uint64_t>(grenze, s64 + spanne - 1), [&](uint64_t p) {
+            const uint64_t pos = p - s64;
+            raster[pos / RasterSpanne] &= ~RestMaske[pos % RasterSpanne];
+        });
+    }
+    if (start == 0 && woerter) raster[0] |= BitMaske[1];
+}
+
+// ---- the entries of the windows ------------------------------------------------------------
+
+void SekundaerFortschrittSetzen(SekundaerFortschrittZiel* ziel) { fortschrittZiel = ziel; }
+void SekundaerFortschrittLoesen() { fortschrittZiel = nullptr; }
+
+void SekundaerFortschrittZeigen(SekundaerFortschrittZiel& ziel) {
+    ziel.RechtsSetzen(Text(402));
+    ziel.LinksSetzen("");
+    ziel.ProzentSetzen("");
+    ziel.BalkenSetzen(0);
+    ziel.RahmenZeigen(true);
+}
+
+bool SekundaerAnfrageGross() {
+    if (MsgFrage(400) == AntwortJa) return true;
+    MsgInfo(401);
+    return false;
+}
+
+bool SekundaerPruefen(const Decimal& start, const Decimal& laenge) {
+    // Below the square root of the primary limit the window would overlap the primary range.
+    if (start <= Decimal(PrimaerWurzel) && start * start < PrimaerGrenze) {
+        MsgInfoText("Primär und Sekundärbereich überschneiden sich...\nErhöhen Sie den Primärbereich!");
+        return false;
+    }
+    if (start > PrimaerQuadrat || laenge > Decimal(GrenzeLong) || start + laenge > PrimaerQuadrat) {
+        if (MsgFrage(404) != AntwortJa) return false;
+    }
+    return SekundaerSieben(start, laenge);
+}
+
+namespace {
+
+struct LaufStand {
+    SekundaerFortschrittZiel* ziel;
+    double startZeit;
+};
+
+void fortschrittMelden(void* kontext, uint64_t fertig, uint64_t gesamt) {
+    auto* stand = static_cast<LaufStand*>(kontext);
+    if (stand->ziel) {
+        const int32_t prozent = Prozent(double(fertig), 0, double(gesamt));
+        const auto [links, rechts] = ZeitTextTeilen(ZeitText(stand->startZeit, double(fertig), 0, double(gesamt)));
+        stand->ziel->LinksSetzen(links);
+        stand->ziel->RechtsSetzen(rechts);
+        stand->ziel->ProzentSetzen(std::to_string(prozent) + " %");
+        stand->ziel->BalkenSetzen(prozent);
+    }
+    DoEvents();
+}
+
+}  // namespace
+
+bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
+    if (start.IstNegativ() || laenge.IstNegativ()) {
+        MsgBereich();
+        return false;
+    }
+    SekundaerFortschrittZiel* ziel = AnzeigeStumm == 0 ? fortschrittZiel : nullptr;
+    if (ziel) {
+        ziel->LinksSetzen("Starte...");
+        ziel->RechtsSetzen("");
+        ziel->RahmenZeigen(true);
+        DoEvents();
+    }
+    LaufStand stand{ziel, Timer()};
+    StartZeit = stand.startZeit;
+
+    const Decimal spanne(RasterSpanne);
+    const Decimal neuStart = start / spanne * spanne;
+    const Decimal neuEnde = (start + laenge) / spanne * spanne + spanne;
+    if (neuEnde - neuStart > Decimal(int64_t(1) << 40)) throw Laufzeitfehler(FehlerUeberlauf);
+    const uint64_t woerter = uint64_t((neuEnde - neuStart).AlsInt64() / RasterSpanne) + 1;
+
+    // The last word reaches 119 beyond SekundaerEnde, and SekundaerEnde + 1 may be the square
+    // of the next prime: the sieving primes go up to the root of the last number held.
+    Decimal grenze = GanzeWurzel(neuStart + Decimal(woerter * RasterSpanne - 1));
+    if (PrimaerGrenze < grenze) {
+        grenze = PrimaerGrenze;
+        MsgInfo(514);
+    }
+
+    // The old window goes only when the new one stands; a failure leaves the old range whole.
+    return SekundaerFensterSetzen(neuStart.Betrag(), woerter, uint64_t(grenze.AlsInt64()), fortschrittMelden, &stand);
+}
+
+bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment,
+                            void* kontext) {
+    std::vector<uint32_t> neu;
+    try {
+        // Linux overcommits: a window beyond the physical memory would be killed while its
+        // zeros are written, not refused; so it is refused here like a failed allocation.
+        const long seiten = ::sysconf(_SC_PHYS_PAGES), seite = ::sysconf(_SC_PAGESIZE);
+        if (seiten > 0 && seite > 0 && woerter / uint64_t(seite) * 4 >= uint64_t(seiten)) throw std::bad_alloc();
+        neu.reserve(woerter);
+        // The large primes strike all over the window; on 4 KB pages nearly every strike
+        // would also miss the address translation cache. Huge pages are asked for before
+        // the zeros touch the memory, since only then can the kernel hand them out.
+        const uintptr_t anfang = reinterpret_cast<uintptr_t>(neu.data());
+        const uintptr_t grosseSeite = uintptr_t(2) << 20;
+        const uintptr_t von = (anfang + grosseSeite - 1) & ~(grosseSeite - 1);
+        const uintptr_t bis = (anfang + woerter * sizeof(uint32_t)) & ~(grosseSeite - 1);
+        if (bis > von) ::madvise(reinterpret_cast<void*>(von), bis - von, MADV_HUGEPAGE);
+        neu.resize(woerter);
+    } catch (const std::bad_alloc&) {
+        MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
+        return false;
+    }
+    SekundaerRaster.swap(neu);
+    std::vector<uint32_t>().swap(neu);
+    SekundaerStart = Decimal(start);
+    SekundaerEnde = Decimal(start + Zahl128(woerter - 1) * RasterSpanne);
+    SekundaerFensterSieben(SekundaerRaster.data(), woerter, start, grenze, beiSegment, kontext);
+    return true;
+}
+
+uint64_t SekundaerAnzahl(const Decimal& von, const Decimal& bis) {
+    uint64_t anzahl = 0;
+    const U128 a = von.IstNegativ() ? 0 : von.Betrag();
+    if (bis.IstNegativ()) return 0;
+    const U128 b = bis.Betrag();
+    const U128 basis = SekundaerStart.Betrag();
+    const uint64_t woerter = SekundaerRaster.size();
+    if (woerter == 0 || b < basis || a > b) return 0;
+    // Whole words inside [von, bis] are counted by population count; the two edge words bit
+    // by bit through the enumeration.
+    const uint64_t ersterVoll = a <= basis ? 0 : uint64_t((a - basis + RasterSpanne - 1) / RasterSpanne);
+    const uint64_t hinterLetztem = std::min<uint64_t>(woerter, uint64_t((b - basis + 1) / RasterSpanne));
+    if (ersterVoll >= hinterLetztem) {
+        SekundaerDurchlaufen(a, b, [&](U128) { return ++anzahl, true; });
+        return anzahl;
+    }
+    for (uint64_t w = ersterVoll; w < hinterLetztem; ++w) anzahl += uint64_t(__builtin_popcount(~SekundaerRaster[w]));
+    if (ersterVoll > 0) {
+        SekundaerDurchlaufen(a, basis + U128(ersterVoll) * RasterSpanne - 1, [&](U128) { return ++anzahl, true; });
+    }
+    if (hinterLetztem < woerter) {
+        SekundaerDurchlaufen(basis + U128(hinterLetztem) * RasterSpanne, b, [&](U128) { return ++anzahl, true; });
+    }
+    return anzahl;
+}
+
+int32_t SekundaerZaehlen(const Decimal& von, const Decimal& bis) {
+    if (von < SekundaerStart || bis > SekundaerEnde) {
+        MsgBereich();
+        return 0;
+    }
+    return int32_t(SekundaerAnzahl(von, bis));
+}
+
+bool SekundaerIstPrim(const Decimal& n) {
+    if (n < SekundaerStart) return false;
+    const U128 pos = n.Betrag() - SekundaerStart.Betrag();
+    const uint32_t maske = RestMaske[uint32_t(pos % RasterSpanne)];
+    const U128 wort = pos / RasterSpanne;
+    if (maske == 0 || wort >= SekundaerRaster.size()) return false;
+    return (SekundaerRaster[size_t(wort)] & maske) == 0;
+}
+
+}  // namespace sw

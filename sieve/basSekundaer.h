@@ -1,0 +1,96 @@
+// basSekundaer: the secondary range, a window of numbers far above the primary raster, sieved
+// on demand by the primes of the primary raster. Its raster has the layout of the primary one,
+// word w covering SekundaerStart + 120w .. + 119. Positions may lie far beyond 2^64 (up to the
+// square of the largest primary raster); inside the window they fit 64 bits, so only the
+// start offset of each sieving prime is taken with 128-bit arithmetic.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "frame/Decimal.h"
+#include "frame/basZentral.h"
+#include "sieve/RasterTabellen.h"
+
+namespace sw {
+
+using Zahl128 = unsigned __int128;  // a position of the range, exact up to 2^128
+
+// The progress labels of the window that asked for the range. The desktop implementation
+// sets lblFortschrittLinks/Rechts, lblFortschritt, the bar lblPrgBarFortschritt with
+// lblLineFortschritt, and shows or hides fraFortschritt.
+class SekundaerFortschrittZiel {
+public:
+    virtual ~SekundaerFortschrittZiel() = default;
+    virtual void LinksSetzen(const std::string& text) = 0;
+    virtual void RechtsSetzen(const std::string& text) = 0;
+    virtual void ProzentSetzen(const std::string& text) = 0;
+    virtual void BalkenSetzen(int32_t prozent) = 0;
+    virtual void RahmenZeigen(bool sichtbar) = 0;
+};
+
+// 1 while a background search of the display re-sieves ranges: no progress shows then.
+extern int32_t AnzeigeStumm;
+
+// The window whose labels show the progress of the next sieve (not owned), and its release.
+void SekundaerFortschrittSetzen(SekundaerFortschrittZiel* ziel);
+void SekundaerFortschrittLoesen();
+// Text 402 on the right, left and percentage empty, an empty bar, the frame shown.
+void SekundaerFortschrittZeigen(SekundaerFortschrittZiel& ziel);
+
+// The checking entry: overlap with the primary range (box, false), a range beyond the square
+// of the primary limit or longer than GrenzeLong (question 404; No gives false), then the sieve.
+bool SekundaerPruefen(const Decimal& start, const Decimal& laenge);
+// The sieve without checks. SekundaerStart = start rounded down to a multiple of 120,
+// SekundaerEnde = (start + laenge) rounded down to one, plus 120. Out of memory: "SW - Memory"
+// and false, the old range left standing.
+bool SekundaerSieben(const Decimal& start, const Decimal& laenge);
+// Primes n of the range with von <= n <= bis; text 207 and 0 if [von, bis] leaves the range.
+int32_t SekundaerZaehlen(const Decimal& von, const Decimal& bis);
+// The same without the box and the 32-bit result, for callers that count whole windows.
+uint64_t SekundaerAnzahl(const Decimal& von, const Decimal& bis);
+// Whether n is a prime of the range; false for numbers outside it.
+bool SekundaerIstPrim(const Decimal& n);
+// Asked before a length of over 100,000,000: question 400; No shows 401 and gives false.
+bool SekundaerAnfrageGross();
+
+// Strikes into a zeroed raster (woerter words, word w covering start + 120w ..) every multiple of the
+// primes 7 <= p <= grenze of the primary raster except p itself, and the number 1. start is a
+// multiple of 120; grenze <= PrimaerGrenze. beiSegment(fertig, gesamt) is called after each
+// cache-sized segment (progress and yield). This is the engine under SekundaerSieben, open
+// for callers that sieve their own windows (sw-cli walks a long range window by window).
+using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
+void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,
+                            SekundaerRueckruf beiSegment = nullptr, void* kontext = nullptr);
+
+// Allocates SekundaerRaster for woerter words from start (a multiple of 120), sets
+// SekundaerStart and SekundaerEnde (the base of the last word) and sieves it by the primes up
+// to grenze. Out of memory: "SW - Memory" and false, the old range left standing.
+bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment = nullptr,
+                            void* kontext = nullptr);
+
+// Calls ausgabe(n) for each prime of the range with von <= n <= bis, ascending, until it
+// returns false. Full words are skipped with one comparison.
+template <typename Ausgabe>
+void SekundaerDurchlaufen(Zahl128 von, Zahl128 bis, Ausgabe&& ausgabe) {
+    const Zahl128 basis0 = SekundaerStart.Betrag();
+    if (SekundaerRaster.empty() || bis < basis0 || von > bis) return;
+    const uint64_t woerter = SekundaerRaster.size();
+    const uint64_t erstes = von > basis0 ? uint64_t((von - basis0) / RasterSpanne) : 0;
+    for (uint64_t w = erstes; w < woerter; ++w) {
+        const uint32_t wort = SekundaerRaster[w];
+        if (wort == 0xFFFFFFFFu) continue;
+        const Zahl128 basis = basis0 + Zahl128(w) * RasterSpanne;
+        if (basis > bis) return;
+        for (uint32_t frei = ~wort; frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const Zahl128 n = basis + unsigned(RasterRest[i + 1]);
+            if (n < von) continue;
+            if (n > bis) return;
+            if (!ausgabe(n)) return;
+        }
+    }
+}
+
+}  // namespace sw

@@ -1,0 +1,397 @@
+#include "views/Anzeige.h"
+
+#include <cmath>
+#include <sstream>
+
+#include "frame/Meldungen.h"
+#include "frame/Oberflaeche.h"
+#include "frame/StoppUhr.h"
+#include "frame/Zahlformat.h"
+#include "frame/basZentral.h"
+#include "sieve/RasterTabellen.h"
+#include "sieve/Zufall.h"
+#include "sieve/basQuadrato.h"
+#include "sieve/basSekundaer.h"
+#include "sieve/basSiebwerk.h"
+
+namespace sw {
+
+bool SucheAbbruch = false;
+
+namespace {
+
+constexpr int32_t KandidatRest[8] = {1, 7, 11, 13, 17, 19, 23, 29};
+const Decimal Dreissig(30);
+
+// The large search and the moving on yield this often (in primes walked).
+constexpr uint64_t SuchTakt = 1 << 14;
+
+// Resets the silent flag however the search leaves.
+struct StummWaechter {
+    ~StummWaechter() { AnzeigeStumm = 0; }
+};
+
+}  // namespace
+
+void AnzeigeLogik::GeometrieSetzen(int32_t spalten, int32_t zeilen) {
+    if (spalten < 1) spalten = 1;
+    if (zeilen < 1) zeilen = 1;
+    // Outside mode 0 a cell is a number coprime to 30: whole groups of 8 keep the columns
+    // on the same residues from line to line.
+    if (Modus != 0) spalten = (spalten + 7) / 8 * 8;
+    if (spalten != spalten_ || zeilen != zeilen_) seiteGueltig_ = false;
+    spalten_ = spalten;
+    zeilen_ = zeilen;
+}
+
+Decimal AnzeigeLogik::ZeilenZahlen() const {
+    return Modus == 0 ? Decimal(spalten_) : Decimal(spalten_ / 8 * 30);
+}
+
+Decimal AnzeigeLogik::SeitenZahlen() const { return ZeilenZahlen() * Decimal(zeilen_); }
+
+Decimal AnzeigeLogik::seitenBasis() const { return Modus == 0 ? Aktuell : Aktuell / Dreissig * Dreissig; }
+
+Decimal AnzeigeLogik::zelleZahl(const Decimal& basis, int32_t index) const {
+    if (Modus == 0) return basis + Decimal(index);
+    return basis + Decimal(int64_t(index / 8) * 30 + KandidatRest[index % 8]);
+}
+
+Decimal AnzeigeLogik::ZelleZahl(int32_t zeile, int32_t spalte) const {
+    if (!BereichBereit || zeile < 0 || spalte < 0 || zeile >= zeilen_ || spalte >= spalten_) return Decimal(0);
+    const Decimal n = zelleZahl(seitenBasis(), zeile * spalten_ + spalte);
+    if (n < Anfang || n > Ende) return Decimal(0);
+    return n;
+}
+
+bool AnzeigeLogik::BereichHolen(const std::string& anfangText, const std::string& laengeText) {
+    StoppUhrStart("Anzeige " + BasisBeschriftung());
+    fenster_.NavigationSchalten(false);
+    Decimal anfang, laenge;
+    try {
+        anfang = TextZuDecimal(anfangText);
+        laenge = TextZuDecimal(laengeText);
+    } catch (const Laufzeitfehler& f) {
+        MsgInfoText(f.Beschreibung());
+        return false;
+    }
+    if (anfang.IstNegativ() || laenge.IstNegativ()) {
+        MsgInfoText("Anfang und Länge dürfen nicht negativ sein.");
+        return false;
+    }
+    if (Modus == 5 && anfang < Decimal(10000)) {
+        MsgInfo(417);
+        return false;
+    }
+    Decimal ende;
+    try {
+        ende = anfang + laenge;
+    } catch (const Laufzeitfehler& f) {
+        MsgInfoText(f.Beschreibung());
+        return false;
+    }
+    if (ende > PrimaerGrenze && anfang == Decimal(1)) {
+        if (laenge != PrimaerGrenze) {
+            MsgInfo(516);
+            return false;
+        }
+        ende = PrimaerGrenze;
+    }
+    Anfang = anfang;
+    Laenge = laenge;
+    Ende = ende;
+    return holen();
+}
+
+bool AnzeigeLogik::holen() {
+    BereichBereit = false;
+    seiteGueltig_ = false;
+    SekundaerFortschrittZiel* ziel = AnzeigeStumm ? nullptr : fenster_.Fortschritt();
+    if (Modus == 5) {
+        if (ziel) SekundaerFortschrittZeigen(*ziel);
+        DoEvents();
+        if (!SekundaerQuadrato(Anfang, Ende, ziel)) return false;
+        meinStart_ = SekundaerStart;
+        meinEnde_ = SekundaerEnde;
+        Anzahl = SekundaerQuadratoZaehlen(Anfang, Ende);
+        fenster_.FortschrittVerbergen();
+        fenster_.AnzahlZeigen(ZahlFormatLong(Anzahl));
+    } else {
+        ImPrimaerbereich = false;
+        if (Ende <= PrimaerGrenze && RasterBereit) {
+            if (Anfang.IstNull()) Anfang = Decimal(1);
+            ImPrimaerbereich = true;
+            // 2, 3 and 5 by hand; from 7 on the raster's count (which leaves them out).
+            int32_t klein = 0;
+            for (int32_t p : {2, 3, 5}) klein += Decimal(p) >= Anfang && Decimal(p) <= Ende;
+            const Decimal ab = Anfang < Decimal(7) ? Decimal(7) : Anfang;
+            Anzahl = klein + (ab <= Ende ? PrimAnzahl(ab, Ende).AlsLong() : 0);
+            fenster_.AnzahlZeigen(ZahlFormatLong(Anzahl));
+        } else {
+            if (!AnzeigeStumm && Laenge > Decimal(100000000) && !SekundaerAnfrageGross()) return false;
+            if (ZufallModus != 0) {
+                ZufallSeiteEinrichten(Ende, Laenge);
+                Anzahl = 0;
+                fenster_.AnzahlZeigen("?");
+            } else {
+                if (ziel) SekundaerFortschrittZeigen(*ziel);
+                SekundaerFortschrittSetzen(ziel);
+                const bool gesiebt = SekundaerPruefen(Anfang, Laenge);
+                SekundaerFortschrittLoesen();
+                if (!gesiebt) {
+                    fenster_.FortschrittVerbergen();
+                    return false;
+                }
+                meinStart_ = SekundaerStart;
+                meinEnde_ = SekundaerEnde;
+                Anzahl = SekundaerZaehlen(Anfang, Ende);
+                fenster_.FortschrittVerbergen();
+                fenster_.AnzahlZeigen(ZahlFormatLong(Anzahl));
+            }
+        }
+    }
+    BereichBereit = true;
+    Aktuell = Anfang;
+    fenster_.Zeichnen();
+    fenster_.NavigationSchalten(true);
+    StoppUhrStop();
+    return true;
+}
+
+bool AnzeigeLogik::eigenerBereichSteht() {
+    if (ImPrimaerbereich || (ZufallModus != 0 && Modus != 5)) return true;
+    if (!SekundaerRaster.empty() && SekundaerStart == meinStart_ && SekundaerEnde == meinEnde_) return true;
+    // Another window sieved in between: the range is fetched again, silently.
+    AnzeigeStumm = 1;
+    StummWaechter waechter;
+    const bool ok = Modus == 5 ? SekundaerQuadrato(Anfang, Ende, nullptr) : SekundaerSieben(Anfang, Laenge);
+    if (ok) {
+        meinStart_ = SekundaerStart;
+        meinEnde_ = SekundaerEnde;
+    }
+    return ok;
+}
+
+bool AnzeigeLogik::istPrim(const Decimal& n) {
+    if (n < Decimal(2)) return false;
+    if (ImPrimaerbereich) return IstPrim(n);
+    if (ZufallModus != 0 && Modus != 5) {
+        if (RestMaske[uint32_t((n % Decimal(RasterSpanne)).AlsLong())] == 0) return false;
+        return ZufallIstPrim(n);
+    }
+    return SekundaerIstPrim(n);
+}
+
+void AnzeigeLogik::Blaettern(int32_t befehl) {
+    if (!BereichBereit) return;
+    const Decimal seite = SeitenZahlen(), zeile = ZeilenZahlen();
+    const auto letzte = [&] {
+        const Decimal n = Ende - seite + Decimal(1);
+        Aktuell = n < Anfang ? Anfang : n;
+    };
+    switch (befehl) {
+        case 0: Aktuell = Anfang; break;
+        case 1:
+        case 2: {
+            const Decimal n = Aktuell - (befehl == 1 ? seite : zeile);
+            if (n >= Anfang) Aktuell = n;
+            break;
+        }
+        case 3:
+        case 4: {
+            const Decimal n = Aktuell + (befehl == 4 ? seite : zeile);
+            if (n > Ende) {
+                letzte();
+            } else {
+                Aktuell = n;
+            }
+            break;
+        }
+        case 5: letzte(); break;
+        default: return;
+    }
+    fenster_.Zeichnen();
+}
+
+AnzeigeSeite AnzeigeLogik::Seite() {
+    AnzeigeSeite seite;
+    if (!BereichBereit || !eigenerBereichSteht()) return seite;
+    if (seiteGueltig_ && seiteAktuell_ == Aktuell) return seite_;
+    const Decimal basis = seitenBasis();
+    const int32_t zellen = spalten_ * zeilen_;
+    seite.zellen.reserve(size_t(zellen));
+    Decimal vorige, erste;
+    int32_t imBereich = 0;
+    for (int32_t i = 0; i < zellen; ++i) {
+        AnzeigeZelle z;
+        z.zahl = zelleZahl(basis, i);
+        z.imBereich = z.zahl >= Anfang && z.zahl <= Ende;
+        if (z.imBereich) {
+            if (imBereich++ == 0) erste = z.zahl;
+            z.prim = istPrim(z.zahl);
+        }
+        if (z.prim) {
+            ++seite.primzahlen;
+            if (!vorige.IstNull()) {
+                z.luecke = int32_t((z.zahl - vorige).AlsInt64());
+                if (z.luecke > seite.groessteLuecke) seite.groessteLuecke = z.luecke;
+            }
+            vorige = z.zahl;
+        }
+        seite.zellen.push_back(z);
+    }
+    seite.kopf = "Diese Seite startet mit: " + ZahlFormat(imBereich ? erste : basis);
+    // Without a cell of their own the primes 2, 3 and 5 head the page that starts at 0.
+    if (Modus != 0 && basis.IstNull()) {
+        std::string klein;
+        for (int32_t p : {2, 3, 5}) {
+            if (Decimal(p) < Anfang || Decimal(p) > Ende) continue;
+            seite.vorweg.push_back(p);
+            klein += (klein.empty() ? "" : ", ") + std::to_string(p);
+        }
+        if (!klein.empty()) seite.kopf += "   (dazu " + klein + ")";
+    }
+    if (ZufallModus != 0 && !ImPrimaerbereich && Modus != 5) {
+        // What chance gave against what the prime number theorem expects on these numbers.
+        const double x = erste.Double();
+        const double erwartet = x > 1 ? double(Modus == 0 ? imBereich : imBereich * 30 / 8) / std::log(x) : 0;
+        std::ostringstream s;
+        s.setf(std::ios::fixed);
+        s.precision(1);
+        s << "   Zufallsraster " << RandomInfoText << ": " << seite.primzahlen << " gezogen, erwartet " << erwartet
+          << ", A = " << ZufallAbstand;
+        seite.kopf += s.str();
+    }
+    seite_ = seite;
+    seiteAktuell_ = Aktuell;
+    seiteGueltig_ = true;
+    return seite;
+}
+
+bool AnzeigeLogik::musterBauen(int16_t art) {
+    switch (art) {
+        case SucheZwillinge: SucheMuster = {2}; return true;
+        case SucheDrillinge: SucheMuster = SuchMuster == 1 ? std::vector<int32_t>{4, 6} : std::vector<int32_t>{2, 6}; return true;
+        case SucheVierlinge: SucheMuster = {2, 6, 8}; return true;
+        case SucheFrei: break;
+        default: return false;
+    }
+    // The free pattern: offsets separated by blanks, commas or semicolons, a leading 0 allowed.
+    std::string text = SuchMusterText;
+    for (char& c : text) {
+        if (c == ',' || c == ';') c = ' ';
+    }
+    std::istringstream ein(text);
+    std::vector<int32_t> muster;
+    std::string wort;
+    int32_t vorher = 0;
+    while (ein >> wort) {
+        char* ende = nullptr;
+        const long v = std::strtol(wort.c_str(), &ende, 10);
+        if (*ende != 0 || v < 0 || v > 100000) {
+            MsgInfoText("Das Muster besteht aus Abständen wie \"2 6 8\": " + wort + " ist keiner.");
+            return false;
+        }
+        if (v == 0 && muster.empty() && vorher == 0) continue;
+        if (v <= vorher || v % 2 != 0) {
+            MsgInfoText("Die Abstände des Musters müssen gerade sein und wachsen: " + wort);
+            return false;
+        }
+        muster.push_back(int32_t(v));
+        vorher = int32_t(v);
+    }
+    if (muster.empty()) {
+        MsgInfoText("Das Muster braucht mindestens einen Abstand, etwa \"2 6 8\".");
+        return false;
+    }
+    SucheMuster = muster;
+    return true;
+}
+
+// vorige: for the gap search the last prime walked so far, carried from one range to the
+// next, so that a gap longer than the overlap of two ranges is seen across their seam.
+bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige) {
+    if (ab > Ende) return false;
+    const Decimal letzter = art == SucheLueckeArt || SucheMuster.empty() ? Decimal(0) : Decimal(SucheMuster.back());
+    bool treffer = false, ende = false;
+    uint64_t gelaufen = 0;
+    const auto pruefen = [&](const Decimal& c) {
+        if ((++gelaufen % SuchTakt) == 0) {
+            DoEvents();
+            if (SucheAbbruch) return ende = true, false;
+        }
+        if (art == SucheLueckeArt) {
+            if (c <= vorige) return true;  // walked already in the range before
+            if (!vorige.IstNull() && (c - vorige).Double() >= SucheLuecke) {
+                Aktuell = vorige;
+                return treffer = true, false;
+            }
+            vorige = c;
+            return true;
+        }
+        if (c + letzter > Ende) return ende = true, false;
+        for (int32_t o : SucheMuster) {
+            if (!istPrim(c + Decimal(o))) return true;
+        }
+        Aktuell = c;
+        return treffer = true, false;
+    };
+    if (ImPrimaerbereich) {
+        PrimzahlenDurchlaufen(uint64_t(ab.AlsInt64()), uint64_t(Ende.AlsInt64()), [&](uint64_t p) { return pruefen(Decimal(p)); });
+    } else {
+        if (!eigenerBereichSteht()) return false;
+        SekundaerDurchlaufen(ab.Betrag(), Ende.Betrag(), [&](Zahl128 p) { return pruefen(Decimal(p)); });
+    }
+    (void)ende;
+    return treffer;
+}
+
+bool AnzeigeLogik::Suchen(int16_t art) {
+    if (ZufallModus != 0) {
+        MsgInfo(418);
+        return false;
+    }
+    if (!BereichBereit) return false;
+    if (art == SucheLueckeArt) {
+        if (!(SucheLuecke >= 2)) {
+            MsgInfoText("Die gesuchte Lücke muss mindestens 2 sein.");
+            return false;
+        }
+    } else if (!musterBauen(art)) {
+        return false;
+    }
+    StummWaechter waechter;
+    Decimal vorige;
+    for (;;) {
+        if (imRangeSuchen(art, Aktuell + Decimal(1), vorige)) {
+            if (Aktuell < Anfang) {
+                // A gap that began in the range before: the range moves back to its first
+                // prime, so that the page shows the whole gap.
+                Anfang = Aktuell;
+                fenster_.AnfangSchreiben(ZahlFormat(Anfang));
+                Ende = Anfang + Laenge;
+                AnzeigeStumm = 1;
+                if (!holen()) return false;
+            }
+            fenster_.Zeichnen();
+            return true;
+        }
+        if (!SekundaerDurchsuchen || Modus == 6 || SucheAbbruch) return false;
+        // On into the next range; the two overlap by one word, so a pattern across the seam
+        // lies whole in the next one. A range shorter than two words overlaps by half its
+        // length, and the search moves on by at least one number, so it never stands still.
+        const Decimal halbe = Laenge / Decimal(2);
+        Decimal schritt = Laenge - (halbe < Decimal(RasterSpanne) ? halbe : Decimal(RasterSpanne));
+        if (schritt < Decimal(1)) schritt = Decimal(1);
+        Anfang = Anfang + schritt;
+        Ende = Anfang + Laenge;
+        fenster_.AnfangSchreiben(ZahlFormat(Anfang));
+        AnzeigeStumm = 1;
+        ImPrimaerbereich = false;
+        if (!holen()) return false;
+        DoEvents();
+        if (SucheAbbruch) return false;
+    }
+}
+
+}  // namespace sw

@@ -1,0 +1,220 @@
+#include "windows/frmAnzeige.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "frame/Meldungen.h"
+#include "frame/Zahlformat.h"
+#include "frame/basZentral.h"
+#include "windows/Balken.h"
+#include "windows/OberflaecheDesktop.h"
+#include "windows/Steuerelemente.h"
+#include "windows/frmSuchen.h"
+#include "windows/frmZahl.h"
+
+namespace sw {
+
+namespace {
+QString q(const std::string& s) { return QString::fromStdString(s); }
+}  // namespace
+
+// ---- the page surface --------------------------------------------------------------------
+
+AnzeigeFlaeche::AnzeigeFlaeche(AnzeigeLogik& logik, frmAnzeige& fenster, QWidget* eltern)
+    : QWidget(eltern), logik_(logik), fenster_(fenster) {
+    setAutoFillBackground(true);
+    setPalette(QPalette(Qt::white));
+    setMinimumSize(200, 120);
+}
+
+// A cell is as wide as the longest number of the range, grouped, plus room on both sides, so
+// that every font size stays readable and the columns never overlap.
+int AnzeigeFlaeche::zellenBreite() const {
+    const Decimal groesste = logik_.Ende.IstNull() ? Decimal(999999) : logik_.Ende;
+    return fontMetrics().horizontalAdvance(q(ZahlFormat(groesste))) + fontMetrics().averageCharWidth() * 2;
+}
+
+int AnzeigeFlaeche::zeilenHoehe() const { return fontMetrics().height() + 4; }
+
+void AnzeigeFlaeche::GeometrieAnpassen() {
+    const int spalten = std::max(1, width() / std::max(1, zellenBreite()));
+    const int zeilen = std::max(1, (height() - 2 * zeilenHoehe()) / zeilenHoehe());
+    logik_.GeometrieSetzen(spalten, zeilen);
+}
+
+void AnzeigeFlaeche::resizeEvent(QResizeEvent*) { GeometrieAnpassen(); }
+
+void AnzeigeFlaeche::changeEvent(QEvent* e) {
+    if (e->type() == QEvent::FontChange) {
+        GeometrieAnpassen();
+        update();
+    }
+    QWidget::changeEvent(e);
+}
+
+void AnzeigeFlaeche::paintEvent(QPaintEvent*) {
+    QPainter maler(this);
+    if (!logik_.BereichBereit) return;
+    Behandeln([&] {
+        const AnzeigeSeite seite = logik_.Seite();
+        const int hoehe = zeilenHoehe(), breite = zellenBreite();
+        maler.setPen(Qt::darkBlue);
+        maler.drawText(QRect(4, 0, width() - 8, hoehe), Qt::AlignVCenter | Qt::AlignLeft, q(seite.kopf));
+        QFont normal = font(), fett = font();
+        fett.setBold(true);
+        const int spalten = logik_.Spalten();
+        for (size_t i = 0; i < seite.zellen.size(); ++i) {
+            const AnzeigeZelle& z = seite.zellen[i];
+            if (!z.imBereich) continue;
+            const int x = int(i % size_t(spalten)) * breite, y = (int(i / size_t(spalten)) + 1) * hoehe + hoehe / 2;
+            const QRect zelle(x + 1, y + 1, breite - 2, hoehe - 2);
+            if (z.prim) {
+                maler.fillRect(zelle, QColor(255, 236, 170));
+                maler.setFont(fett);
+                maler.setPen(Qt::black);
+                // The largest gap of the page is marked in red before the prime that ends it.
+                if (z.luecke > 0 && z.luecke == seite.groessteLuecke) {
+                    maler.fillRect(QRect(x + 1, y + 1, 3, hoehe - 2), Qt::red);
+                }
+            } else {
+                maler.setFont(normal);
+                maler.setPen(Qt::gray);
+            }
+            maler.drawText(zelle, Qt::AlignCenter, q(ZahlFormat(z.zahl)));
+        }
+    });
+}
+
+void AnzeigeFlaeche::mousePressEvent(QMouseEvent* e) {
+    if (logik_.Modus == 5 || !logik_.BereichBereit) return;
+    const int hoehe = zeilenHoehe();
+    const int y = int(e->position().y()) - hoehe - hoehe / 2;
+    if (y < 0) return;
+    const Decimal n = logik_.ZelleZahl(y / hoehe, int(e->position().x()) / std::max(1, zellenBreite()));
+    if (!n.IstNull()) Behandeln([&] { fenster_.ZahlZeigen(n); });
+}
+
+// ---- the window ------------------------------------------------------------------------------
+
+frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
+    setWindowFlag(Qt::Window);
+    auto* mitte = new QWidget(this);
+    auto* lay = new QVBoxLayout(mitte);
+    auto* eingabe = new QHBoxLayout;
+    eingabe->addWidget(Benannt(new QLabel("Anfang:", mitte), "lblEingabe", 0));
+    txtAnfang_ = Benannt(new QLineEdit("1.000.000.000.000", mitte), "txtEingabe", 0);
+    eingabe->addWidget(txtAnfang_, 2);
+    eingabe->addWidget(Benannt(new QLabel("Länge:", mitte), "lblEingabe", 1));
+    txtLaenge_ = Benannt(new QLineEdit("100.000", mitte), "txtEingabe", 1);
+    eingabe->addWidget(txtLaenge_, 1);
+    auto* go = Benannt(new QPushButton("Anzeigen", mitte), "btnGO");
+    go->setDefault(true);
+    eingabe->addWidget(go);
+    auto* suchen = Benannt(new QPushButton("Suchen...", mitte), "btnSuchen");
+    eingabe->addWidget(suchen);
+    lay->addLayout(eingabe);
+
+    fraCount_ = Benannt(new QFrame(mitte), "fraCount");
+    auto* zaehler = new QHBoxLayout(fraCount_);
+    zaehler->setContentsMargins(0, 0, 0, 0);
+    zaehler->addWidget(Benannt(new QLabel("Primzahlen im Bereich:", fraCount_), "lblCountText"));
+    lblCount_ = Benannt(new QLabel(fraCount_), "lblCount");
+    zaehler->addWidget(lblCount_, 1);
+    lay->addWidget(fraCount_);
+    fraCount_->hide();
+
+    fraFortschritt_ = Benannt(new QFrame(mitte), "fraFortschritt");
+    auto* fort = new QGridLayout(fraFortschritt_);
+    fort->setContentsMargins(0, 0, 0, 0);
+    lblLinks_ = Benannt(new QLabel(fraFortschritt_), "lblFortschrittLinks");
+    lblRechts_ = Benannt(new QLabel(fraFortschritt_), "lblFortschrittRechts");
+    lblProzent_ = Benannt(new QLabel(fraFortschritt_), "lblFortschritt");
+    balken_ = new Balken("Fortschritt", fraFortschritt_);
+    fort->addWidget(lblLinks_, 0, 0);
+    fort->addWidget(lblProzent_, 0, 1, Qt::AlignCenter);
+    fort->addWidget(lblRechts_, 0, 2, Qt::AlignRight);
+    fort->addWidget(balken_, 1, 0, 1, 3);
+    lay->addWidget(fraFortschritt_);
+    fraFortschritt_->hide();
+
+    flaeche_ = Benannt(new AnzeigeFlaeche(logik_, *this, mitte), "picAnzeige");
+    lay->addWidget(SchriftAuswahlAnlegen(flaeche_));
+    lay->addWidget(flaeche_, 1);
+    setCentralWidget(mitte);
+
+    connect(go, &QPushButton::clicked, this, Sicher([this] { BereichHolen(); }));
+    connect(suchen, &QPushButton::clicked, this, Sicher([this] {
+                auto* dialog = new frmSuchen(*this, this);
+                dialog->setAttribute(Qt::WA_DeleteOnClose);
+                dialog->show();
+            }));
+    FensterLaden(QString::fromStdString(AktivesFenster), "NF");
+    NavigationSchalten(false);
+    resize(900, 600);
+}
+
+frmAnzeige::~frmAnzeige() {
+    // A window that closes while its sieve reports must not stay the progress target.
+    SekundaerFortschrittLoesen();
+}
+
+void frmAnzeige::ShowMe(int modus) {
+    logik_.Modus = modus < 0 ? 0 : modus;
+    flaeche_->GeometrieAnpassen();
+    if (logik_.Modus == 5) txtLaenge_->setText("100.000");
+    show();
+}
+
+void frmAnzeige::BereichHolen() {
+    if (logik_.Modus == 6) {
+        MsgInfoText("Der sehr große Bereich (Modus 6) kommt mit dem Tertiärbereich; bis dahin zeigt dieses Fenster ihn nicht.");
+        return;
+    }
+    setWindowTitle(q("Anzeige " + BasisBeschriftung()));
+    flaeche_->GeometrieAnpassen();
+    logik_.BereichHolen(txtAnfang_->text().toStdString(), txtLaenge_->text().toStdString());
+    flaeche_->GeometrieAnpassen();
+    flaeche_->update();
+}
+
+void frmAnzeige::ZahlZeigen(const Decimal& n) {
+    if (!zahl_) {
+        zahl_ = new frmZahl(this);
+        zahl_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    zahl_->ZahlZeigen(n);
+}
+
+void frmAnzeige::IconFensterAktion(const QString& tag) {
+    if (tag.startsWith("Nav")) logik_.Blaettern(tag.mid(3).toInt());
+}
+
+void frmAnzeige::NavigationSchalten(bool an) {
+    for (int i = 0; i < 6; ++i) {
+        if (auto* knopf = Steuer<QToolButton>(this, "btnIcon", i)) knopf->setEnabled(an);
+    }
+}
+
+void frmAnzeige::AnzahlZeigen(const std::string& text) {
+    lblCount_->setText(q(text));
+    fraCount_->show();
+}
+
+void frmAnzeige::FortschrittVerbergen() { fraFortschritt_->hide(); }
+void frmAnzeige::AnfangSchreiben(const std::string& text) { txtAnfang_->setText(q(text)); }
+void frmAnzeige::Zeichnen() { flaeche_->update(); }
+void frmAnzeige::LinksSetzen(const std::string& text) { lblLinks_->setText(q(text)); }
+void frmAnzeige::RechtsSetzen(const std::string& text) { lblRechts_->setText(q(text)); }
+void frmAnzeige::ProzentSetzen(const std::string& text) { lblProzent_->setText(q(text)); }
+void frmAnzeige::BalkenSetzen(int32_t prozent) { sw::BalkenSetzen(balken_->Linie(), balken_, prozent); }
+void frmAnzeige::RahmenZeigen(bool sichtbar) { fraFortschritt_->setVisible(sichtbar); }
+
+}  // namespace sw

@@ -1,0 +1,90 @@
+// frmAnzeige: the prime display. The logic (range, paging, search) is views/Anzeige; this
+// window gives it its controls: the input fields, the count, the progress labels of the
+// secondary sieve, and the page surface that paints the cells at any size with the primes
+// marked. A click on a number opens frmZahl; the search runs through frmSuchen.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "sieve/basSekundaer.h"
+#include "views/Anzeige.h"
+#include "windows/Fenster.h"
+
+class QLabel;
+class QLineEdit;
+class QFrame;
+
+namespace sw {
+
+class Balken;
+class frmZahl;
+class frmAnzeige;
+
+// The page: a head line, then rows of cells. Its size and font give the geometry.
+// (No Q_OBJECT here or below: these classes add no signals, and the meta-object compiler
+// cannot read the C++20 headers of the logic.)
+class AnzeigeFlaeche : public QWidget {
+public:
+    AnzeigeFlaeche(AnzeigeLogik& logik, frmAnzeige& fenster, QWidget* eltern);
+    // Columns and rows for the present size and font, handed to the logic.
+    void GeometrieAnpassen();
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void changeEvent(QEvent* e) override;
+    void mousePressEvent(QMouseEvent* e) override;
+
+private:
+    int zellenBreite() const;
+    int zeilenHoehe() const;
+    AnzeigeLogik& logik_;
+    frmAnzeige& fenster_;
+};
+
+class frmAnzeige : public Fenster, public AnzeigeFenster, public SekundaerFortschrittZiel {
+public:
+    explicit frmAnzeige(QWidget* eltern = nullptr);
+    ~frmAnzeige() override;
+    void ShowMe(int modus) override;
+    AnzeigeLogik& Logik() { return logik_; }
+    // btnGO.
+    void BereichHolen();
+    // The number of a clicked cell to the detail window.
+    void ZahlZeigen(const Decimal& n);
+
+    // AnzeigeFenster
+    void NavigationSchalten(bool an) override;
+    void AnzahlZeigen(const std::string& text) override;
+    void FortschrittVerbergen() override;
+    SekundaerFortschrittZiel* Fortschritt() override { return this; }
+    void AnfangSchreiben(const std::string& text) override;
+    void Zeichnen() override;
+
+    // SekundaerFortschrittZiel
+    void LinksSetzen(const std::string& text) override;
+    void RechtsSetzen(const std::string& text) override;
+    void ProzentSetzen(const std::string& text) override;
+    void BalkenSetzen(int32_t prozent) override;
+    void RahmenZeigen(bool sichtbar) override;
+
+protected:
+    void IconFensterAktion(const QString& tag) override;
+
+private:
+    AnzeigeLogik logik_{*this};
+    QLineEdit* txtAnfang_;
+    QLineEdit* txtLaenge_;
+    QLabel* lblCount_;
+    QFrame* fraCount_;
+    QFrame* fraFortschritt_;
+    QLabel* lblLinks_;
+    QLabel* lblRechts_;
+    QLabel* lblProzent_;
+    Balken* balken_;
+    AnzeigeFlaeche* flaeche_;
+    QPointer<frmZahl> zahl_;
+};
+
+}  // namespace sw
