@@ -66,20 +66,6 @@ std::string einsetzen(Hyp v) {
     return "#" + std::to_string(HypSpeicher.size() - 1);
 }
 
-std::string ohne(const std::string& s, const std::string& was) {
-    if (was.empty()) return s;
-    std::string aus;
-    aus.reserve(s.size());
-    for (size_t i = 0; i < s.size();) {
-        if (s.compare(i, was.size(), was) == 0) {
-            i += was.size();
-        } else {
-            aus.push_back(s[i++]);
-        }
-    }
-    return aus;
-}
-
 std::string ersetzen(const std::string& s, const std::string& was, const std::string& durch) {
     std::string aus;
     aus.reserve(s.size());
@@ -98,12 +84,12 @@ std::string ersetzen(const std::string& s, const std::string& was, const std::st
 // replaced, no grouping, no blanks, upper case, MOD and MODULO as "%".
 std::string normalisieren(const std::string& text) {
     std::string t = Trimmen(text);
-    t = ohne(ohne(ohne(t, "\r\n"), "\r"), "\n");
+    t = Entfernen(Entfernen(Entfernen(t, "\r\n"), "\r"), "\n");
     t = ersetzen(t, "\\", "/");
     t = ersetzen(t, "**", "^");
     t = ersetzen(t, "\xC2\xB2", "^2");
     t = ersetzen(t, "\xC2\xB3", "^3");
-    t = ohne(ohne(t, "."), FormatZeichen);
+    t = Entfernen(Entfernen(t, "."), FormatZeichen);
     std::string aus;
     aus.reserve(t.size());
     for (char c : t) {

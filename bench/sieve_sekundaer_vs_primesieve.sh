@@ -12,35 +12,10 @@
 # Only this script installs primesieve (the Debian package), and only when it is missing.
 set -euo pipefail
 
-ROOT=$(cd "$(dirname "$0")/.." && pwd)
-BUILD=${1:-$ROOT/build/default}
-CLI=$BUILD/bin/sw-cli
-[[ -x $CLI ]] || { echo "sieve_sekundaer_vs_primesieve: $CLI not found; build with: cmake --preset default && cmake --build --preset default" >&2; exit 1; }
-
-if ! command -v primesieve >/dev/null; then
-  SUDO=""; [[ $(id -u) -ne 0 ]] && SUDO="sudo"
-  echo "sieve_sekundaer_vs_primesieve: installing primesieve" >&2
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends primesieve >/dev/null
-fi
-
-WORK=$(mktemp -d)
-trap 'rm -rf "$WORK"' EXIT
+NAME=sieve_sekundaer_vs_primesieve
+source "$(dirname "$0")/vergleich.sh"
 BLOCK_DIR=${BLOCK_DIR:-$WORK}
 export SW_HOME=$BLOCK_DIR
-
-# Seconds of a command, best of N runs (the machine is shared; the best run is the fair one).
-best() {
-  local n=$1; shift
-  local best=""
-  for ((r = 0; r < n; r++)); do
-    local s e t
-    s=$(date +%s.%N); "$@" >/dev/null; e=$(date +%s.%N)
-    t=$(echo "$e - $s" | bc -l)
-    if [[ -z $best ]] || (( $(echo "$t < $best" | bc -l) )); then best=$t; fi
-  done
-  printf '%.3f' "$best"
-}
-ratio() { printf '%.2f' "$(echo "$1 / $2" | bc -l)"; }
 
 RUNS=${RUNS:-3}
 echo "primesieve $(primesieve --version | head -1 | awk '{print $NF}'), sw-cli $("$CLI" --version | awk '{print $NF}'), runs: best of $RUNS"

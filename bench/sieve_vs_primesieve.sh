@@ -9,36 +9,10 @@
 # Only this script installs primesieve (the Debian package), and only when it is missing.
 set -euo pipefail
 
-ROOT=$(cd "$(dirname "$0")/.." && pwd)
-BUILD=${1:-$ROOT/build/default}
-CLI=$BUILD/bin/sw-cli
-[[ -x $CLI ]] || { echo "sieve_vs_primesieve: $CLI not found; build with: cmake --preset default && cmake --build --preset default" >&2; exit 1; }
-
-if ! command -v primesieve >/dev/null; then
-  SUDO=""; [[ $(id -u) -ne 0 ]] && SUDO="sudo"
-  echo "sieve_vs_primesieve: installing primesieve" >&2
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends primesieve >/dev/null
-fi
-
-WORK=$(mktemp -d)
-trap 'rm -rf "$WORK"' EXIT
+NAME=sieve_vs_primesieve
+source "$(dirname "$0")/vergleich.sh"
 export SW_HOME=$WORK
 
-# CPU seconds (user + system) of a command, best of N runs. The machine may be shared; CPU
-# time is what a job costs, where the wall clock also counts the waits for the other jobs.
-best() {
-  local n=$1; shift
-  local best=""
-  for ((r = 0; r < n; r++)); do
-    local t
-    /usr/bin/time -o "$WORK/zeit" -f '%U %S' "$@" >/dev/null 2>&1
-    t=$(awk '{ print $1 + $2 }' "$WORK/zeit")
-    if [[ -z $best ]] || awk -v t="$t" -v b="$best" 'BEGIN { exit !(t < b) }'; then best=$t; fi
-  done
-  printf '%.3f' "$best"
-}
-
-ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
 
 RUNS=${RUNS:-3}
 echo "$(primesieve --version | head -1 | cut -d, -f1), sw-cli $("$CLI" --version | awk '{print $NF}'), CPU seconds, best of $RUNS"

@@ -15,21 +15,7 @@ namespace sw {
 
 namespace {
 
-// Both helpers run in linear time: the calculator formats numbers of a million digits.
-std::string entfernen(const std::string& s, const std::string& was) {
-    if (was.empty() || s.find(was) == std::string::npos) return s;
-    std::string aus;
-    aus.reserve(s.size());
-    for (size_t i = 0; i < s.size();) {
-        if (s.compare(i, was.size(), was) == 0) {
-            i += was.size();
-        } else {
-            aus += s[i++];
-        }
-    }
-    return aus;
-}
-
+// Grouping runs in linear time: the calculator formats numbers of a million digits.
 std::string gruppieren(const std::string& ziffern) {
     // The sign stands apart so that "-123456" groups as "-123.456".
     size_t vorne = (!ziffern.empty() && (ziffern[0] == '-' || ziffern[0] == '+')) ? 1 : 0;
@@ -37,8 +23,8 @@ std::string gruppieren(const std::string& ziffern) {
 }
 
 std::string formatieren(const std::string& v, bool nullenKappen) {
-    std::string s = Trimmen(entfernen(v, "."));
-    s = entfernen(s, FormatZeichen);
+    std::string s = Trimmen(Entfernen(v, "."));
+    s = Entfernen(s, FormatZeichen);
     size_t komma = s.find(DezimalTrenner);
     if (komma != std::string::npos) {
         // The fraction limit of this routine is 0: a fraction always vanishes, without a comma.
@@ -92,7 +78,7 @@ std::string ZahlFormatRoh(const std::string& v) { return formatieren(v, false); 
 std::string ZahlFormatLong(int32_t n) { return gruppieren(std::to_string(n)); }
 
 std::string ZahlBereinigt(const std::string& text) {
-    return Trimmen(entfernen(entfernen(text, "."), FormatZeichen));
+    return Trimmen(Entfernen(Entfernen(text, "."), FormatZeichen));
 }
 
 bool IstNumerisch(const std::string& text, double* wert) {

@@ -50,4 +50,18 @@ std::string ZeichenKappen(const std::string& s, size_t n) {
     return s;
 }
 
+std::string Entfernen(const std::string& s, const std::string& was) {
+    if (was.empty() || s.find(was) == std::string::npos) return s;
+    std::string aus;
+    aus.reserve(s.size());
+    for (size_t i = 0; i < s.size();) {
+        if (s.compare(i, was.size(), was) == 0) {
+            i += was.size();
+        } else {
+            aus += s[i++];
+        }
+    }
+    return aus;
+}
+
 }  // namespace sw

@@ -14,6 +14,8 @@ std::string RechtsTrimmen(const std::string& s);
 // "LÜCKENGRAFIK" name the same section).
 std::string Klein(std::string s);
 bool GleichOhneGross(const std::string& a, const std::string& b);
+// s without any occurrence of was, in one linear pass ("" removes nothing).
+std::string Entfernen(const std::string& s, const std::string& was);
 // At most n characters (UTF-8 code points), never cutting a character in two.
 std::string ZeichenKappen(const std::string& s, size_t n);
 

@@ -1,42 +1,21 @@
 // sw-cli eval from the outside: the value and digit count, --base, --full, --json, and one
 // line "sw-cli: ..." with exit code 1 for every refused formula.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdio>
 #include <fstream>
 #include <sstream>
 
+#include "ProgrammLauf.h"
 #include "TestUmgebung.h"
 
 namespace sw::test {
 namespace {
 
-struct Lauf {
-    int code = -1;
-    std::string aus;
-    std::string fehler;
-};
-
 class EvalCli : public SwTest {
 protected:
     Lauf Starten(const std::string& argumente) {
-        const std::string fehlerDatei = Ordner() + "stderr.txt";
-        const std::string befehl =
-            "SW_HOME='" + Ordner() + "' '" SW_CLI_PFAD "' eval " + argumente + " 2>'" + fehlerDatei + "'";
-        Lauf lauf;
-        FILE* rohr = ::popen(befehl.c_str(), "r");
-        if (!rohr) return lauf;
-        char puffer[4096];
-        size_t n;
-        while ((n = std::fread(puffer, 1, sizeof puffer, rohr)) > 0) lauf.aus.append(puffer, n);
-        const int status = ::pclose(rohr);
-        lauf.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        std::ifstream ein(fehlerDatei);
-        std::stringstream s;
-        s << ein.rdbuf();
-        lauf.fehler = s.str();
-        return lauf;
+        return ProgrammStarten(SW_CLI_PFAD, Ordner(), "eval " + argumente);
     }
 };
 

@@ -1,7 +1,6 @@
 // sw-cli from the outside: answers, the --json shape, and for bad input one line on stderr
 // that begins with "sw-cli: " and exit code 1.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdio>
 #include <fstream>
@@ -9,35 +8,16 @@
 #include <utility>
 #include <vector>
 
+#include "ProgrammLauf.h"
 #include "TestUmgebung.h"
 
 namespace sw::test {
 namespace {
 
-struct Lauf {
-    int code = -1;
-    std::string aus;
-    std::string fehler;
-};
-
 class Cli : public SwTest {
 protected:
     Lauf Starten(const std::string& argumente) {
-        const std::string fehlerDatei = Ordner() + "stderr.txt";
-        const std::string befehl = "SW_HOME='" + Ordner() + "' '" SW_CLI_PFAD "' " + argumente + " 2>'" + fehlerDatei + "'";
-        Lauf lauf;
-        FILE* rohr = ::popen(befehl.c_str(), "r");
-        if (!rohr) return lauf;
-        char puffer[4096];
-        size_t n;
-        while ((n = std::fread(puffer, 1, sizeof puffer, rohr)) > 0) lauf.aus.append(puffer, n);
-        const int status = ::pclose(rohr);
-        lauf.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        std::ifstream ein(fehlerDatei);
-        std::stringstream s;
-        s << ein.rdbuf();
-        lauf.fehler = s.str();
-        return lauf;
+        return ProgrammStarten(SW_CLI_PFAD, Ordner(), argumente);
     }
     // Bad input: exit 1, nothing on stdout, exactly one line "sw-cli: ..." on stderr.
     void Abgelehnt(const std::string& argumente, const std::string& enthaelt = "") {

@@ -1,0 +1,36 @@
+# Shared by the comparison scripts of bench/: finds the built sw-cli, installs primesieve (the
+# Debian package) when it is missing — only these scripts install it — makes a scratch folder,
+# and times commands. Source it after setting NAME; it reads BUILD_DIR from $1.
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+BUILD=${1:-$ROOT/build/default}
+CLI=$BUILD/bin/sw-cli
+[[ -x $CLI ]] || { echo "$NAME: $CLI not found; build with: cmake --preset default && cmake --build --preset default" >&2; exit 1; }
+
+fehlt=()
+command -v primesieve >/dev/null || fehlt+=(primesieve)
+[[ -x /usr/bin/time ]] || fehlt+=(time)
+if ((${#fehlt[@]})); then
+  SUDO=""; [[ $(id -u) -ne 0 ]] && SUDO="sudo"
+  echo "$NAME: installing ${fehlt[*]}" >&2
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${fehlt[@]}" >/dev/null
+fi
+
+WORK=$(mktemp -d)
+trap 'rm -rf "$WORK"' EXIT
+
+# CPU seconds (user + system) of a command, best of N runs. The machine may be shared; CPU
+# time is what a job costs, where the wall clock also counts the waits for the other jobs.
+best() {
+  local n=$1; shift
+  local best=""
+  for ((r = 0; r < n; r++)); do
+    local t
+    /usr/bin/time -o "$WORK/zeit" -f '%U %S' "$@" >/dev/null 2>&1
+    t=$(awk '{ print $1 + $2 }' "$WORK/zeit")
+    if [[ -z $best ]] || awk -v t="$t" -v b="$best" 'BEGIN { exit !(t < b) }'; then best=$t; fi
+  done
+  printf '%.3f' "$best"
+}
+
+# a / b with two decimals.
+ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
