@@ -35,11 +35,14 @@ AnzeigeFlaeche::AnzeigeFlaeche(AnzeigeLogik& logik, frmAnzeige& fenster, QWidget
     setMinimumSize(200, 120);
 }
 
-// A cell is as wide as the longest number of the range, grouped, plus room on both sides, so
-// that every font size stays readable and the columns never overlap.
+// A cell is as wide as the longest number of the range in bold (primes are drawn bold), grouped,
+// plus room on both sides, so that every font size stays readable and the columns never overlap.
 int AnzeigeFlaeche::zellenBreite() const {
     const Decimal groesste = logik_.Ende.IstNull() ? Decimal(999999) : logik_.Ende;
-    return fontMetrics().horizontalAdvance(q(ZahlFormat(groesste))) + fontMetrics().averageCharWidth() * 2;
+    QFont fett = font();
+    fett.setBold(true);
+    const QFontMetrics mass(fett);
+    return mass.horizontalAdvance(q(ZahlFormat(groesste))) + mass.averageCharWidth() * 2;
 }
 
 int AnzeigeFlaeche::zeilenHoehe() const { return fontMetrics().height() + 4; }
