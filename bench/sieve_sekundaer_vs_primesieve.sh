@@ -18,7 +18,7 @@ BLOCK_DIR=${BLOCK_DIR:-$WORK}
 export SW_HOME=$BLOCK_DIR
 
 RUNS=${RUNS:-3}
-echo "primesieve $(primesieve --version | head -1 | awk '{print $NF}'), sw-cli $("$CLI" --version | awk '{print $NF}'), runs: best of $RUNS"
+echo "$(primesieve --version | head -1 | cut -d, -f1), sw-cli $("$CLI" --version | awk '{print $NF}'), runs: best of $RUNS"
 printf '%-34s %10s %10s %8s %8s\n' "window" "sw-cli s" "primes. s" "ratio" "target"
 
 for e in 12 18; do
