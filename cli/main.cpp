@@ -11,10 +11,9 @@
 #include "Befehle.h"
 #include "CliUmgebung.h"
 #include "frame/Laufzeitfehler.h"
-#include "frame/Pfade.h"
+#include "frame/Programm.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
-#include "sieve/RasterTabellen.h"
 
 int main(int argc, char** argv) {
     using namespace sw;
@@ -42,8 +41,7 @@ int main(int argc, char** argv) {
         // afterwards, and is set before the chosen command's work runs.
         OberflaecheSetzen(&Terminal());
         OberflaecheTerminal::StrgCAbfangen();
-        ProgrammPfad = ArbeitsOrdnerBestimmen();
-        RasterTabellenAufbauen();
+        ProgrammStarten(false);  // keeps the shell's folder: relative paths mean what was typed
         app.parse(argc, argv);
         if (!auftrag) {
             if (app.get_subcommands().empty()) std::cout << app.help();

@@ -57,6 +57,12 @@ std::string TexDateiPfad() {
 #endif
 }
 
-std::string IniDateiPfad() { return ProgrammPfad + "SW.Ini"; }
+namespace {
+std::string iniOrdner;
+}  // namespace
+
+void IniOrdnerSetzen(const std::string& ordner) { iniOrdner = MitSchraegstrich(ordner); }
+
+std::string IniDateiPfad() { return (iniOrdner.empty() ? ProgrammPfad : iniOrdner) + "SW.Ini"; }
 
 }  // namespace sw

@@ -14,8 +14,11 @@ std::string ProgrammOrdner();
 std::string ArbeitsOrdnerBestimmen();
 // The text table in use (the file need not exist; Text() reports that).
 std::string TexDateiPfad();
-// The settings file: ProgrammPfad + "SW.Ini".
+// The settings file: SW.Ini in the working folder chosen at start-up. It stays there when the
+// user points ProgrammPfad (the folder of the block files) elsewhere by txtPath, so that all
+// windows keep reading and writing one file. Before IniOrdnerSetzen: ProgrammPfad + "SW.Ini".
 std::string IniDateiPfad();
+void IniOrdnerSetzen(const std::string& ordner);
 // A folder path with "/" behind it, as ProgrammPfad keeps it ("" stays "").
 std::string MitSchraegstrich(std::string ordner);
 

@@ -17,6 +17,7 @@ namespace sw {
 
 void ProgrammStarten(bool ordnerWechseln) {
     ProgrammPfad = ArbeitsOrdnerBestimmen();
+    IniOrdnerSetzen(ProgrammPfad);
     // A folder that cannot be entered leaves the current one: every path the program builds
     // itself starts with ProgrammPfad.
     if (ordnerWechseln) {

@@ -98,7 +98,6 @@ QString sekundenText(double sekunden) { return QString::number(sekunden, 'f', 2)
 
 frmStart::frmStart() : Fenster("frmStart") {
     ProgrammStarten();
-    arbeitsOrdner_ = ProgrammPfad;
     oberflaecheAufbauen();
     menuesAufbauen();
     verbinden();
@@ -554,9 +553,6 @@ void frmStart::closeEvent(QCloseEvent* e) {
         e->ignore();
         return;
     }
-    // The cockpit's settings go back where the next start reads them: the working folder, even
-    // when txtPath has pointed ProgrammPfad (and with it SW.Ini) elsewhere for the session.
-    ProgrammPfad = arbeitsOrdner_;
     Behandeln([this] { FensterSpeichern(); });
     Behandeln([] { ProgrammBeenden(); });
     e->accept();

@@ -84,7 +84,6 @@ private:
     QMenu* mnuMersenne_ = nullptr;
     QList<QAction*> laufSperre_;  // menu items that wait while the raster is rebuilt
     QAction* mnuSpeichern_ = nullptr;
-    std::string arbeitsOrdner_;  // the working folder of the start, home of the cockpit's SW.Ini
     QStringList laeufe_;  // one line per finished run or load, for comparing the methods' times
 };
 

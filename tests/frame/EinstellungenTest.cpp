@@ -50,6 +50,17 @@ TEST_F(EinstellungenTest, LookupIgnoresCaseBlanksAndCommentsAndTakesTheFirstSect
     EXPECT_EQ(IniLesen("LückenGrafik", "Name"), "  in Anführung  ");
 }
 
+TEST_F(EinstellungenTest, ASessionsOtherBlockFolderKeepsTheSettingsInTheWorkingFolder) {
+    IniSchreiben("Start", "Height", 480);
+    const std::string blockOrdner = Ordner() + "bloecke/";
+    std::filesystem::create_directories(blockOrdner);
+    ProgrammPfad = blockOrdner;  // what txtPath does for the session
+    EXPECT_EQ(IniLesen("Start", "Height"), "480");
+    IniSchreiben("Anzeige", "Width", 900);
+    EXPECT_FALSE(std::filesystem::exists(blockOrdner + "SW.Ini"));
+    EXPECT_NE(lesen().find("Width=900"), std::string::npos);
+}
+
 TEST_F(EinstellungenTest, ValuesAreCutAt255CharactersWithoutSplittingOne) {
     std::string lang(300, 'x');
     IniSchreiben("S", "k", lang);

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "frame/Pfade.h"
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
 
@@ -31,6 +32,7 @@ void SwTest::SetUp() {
     OberflaecheSetzen(&ui);
     ZentralZuruecksetzen();
     ProgrammPfad = ordner_;
+    IniOrdnerSetzen(ordner_);
     RasterTabellenAufbauen();
 }
 
