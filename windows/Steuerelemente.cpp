@@ -30,4 +30,11 @@ QObject* SteuerFinden(const QObject* wurzel, const QString& key) {
     return nullptr;
 }
 
+QHBoxLayout* KnopfReihe(std::initializer_list<QPushButton*> knoepfe) {
+    auto* reihe = new QHBoxLayout;
+    reihe->addStretch(1);
+    for (QPushButton* k : knoepfe) reihe->addWidget(k);
+    return reihe;
+}
+
 }  // namespace sw

@@ -4,8 +4,12 @@
 // by the same key. Lookup ignores case, as the text table does.
 #pragma once
 
+#include <QHBoxLayout>
 #include <QObject>
+#include <QPushButton>
 #include <QString>
+
+#include <initializer_list>
 
 namespace sw {
 
@@ -28,5 +32,8 @@ template <typename T>
 T* Steuer(const QObject* wurzel, const QString& name, int index = -1) {
     return qobject_cast<T*>(SteuerFinden(wurzel, SteuerName(name, index)));
 }
+
+// The row of buttons at the foot of a dialog: pushed to the right, in the given order.
+QHBoxLayout* KnopfReihe(std::initializer_list<QPushButton*> knoepfe);
 
 }  // namespace sw

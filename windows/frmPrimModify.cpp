@@ -30,14 +30,10 @@ frmPrimModify::frmPrimModify(QWidget* eltern) : Fenster("frmPrimModify", eltern)
     txtGrenze_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9.]*"), txtGrenze_));
     zeile->addWidget(txtGrenze_, 1);
     lay->addLayout(zeile);
-    auto* knoepfe = new QHBoxLayout;
     auto* go = Benannt(new QPushButton("OK", mitte), "btnGO");
     auto* abbrechen = Benannt(new QPushButton("Abbrechen", mitte), "btnCancel");
     go->setDefault(true);
-    knoepfe->addStretch(1);
-    knoepfe->addWidget(go);
-    knoepfe->addWidget(abbrechen);
-    lay->addLayout(knoepfe);
+    lay->addLayout(KnopfReihe({go, abbrechen}));
     setCentralWidget(mitte);
     connect(go, &QPushButton::clicked, this, Sicher([this] {
                 if (Anwenden()) close();

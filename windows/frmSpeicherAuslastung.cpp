@@ -30,14 +30,10 @@ frmSpeicherAuslastung::frmSpeicherAuslastung() : Fenster("frmSpeicherAuslastung"
         l->setTextInteractionFlags(Qt::TextSelectableByMouse);
         lay->addWidget(l);
     }
-    auto* knoepfe = new QHBoxLayout;
     auto* neu = Benannt(new QPushButton("Aktualisieren", mitte), "btnAktualisieren");
     auto* ok = Benannt(new QPushButton("OK", mitte), "btnOK");
-    knoepfe->addStretch(1);
-    knoepfe->addWidget(neu);
-    knoepfe->addWidget(ok);
     lay->addStretch(1);
-    lay->addLayout(knoepfe);
+    lay->addLayout(KnopfReihe({neu, ok}));
     setCentralWidget(mitte);
     connect(neu, &QPushButton::clicked, this, Sicher([this] { Aktualisieren(); }));
     connect(ok, &QPushButton::clicked, this, &QWidget::close);

@@ -123,14 +123,10 @@ StartOptionen::StartOptionen(QWidget* eltern) : QGroupBox(eltern) {
     bLay->addRow(QString(), lblBasis_);
     seiten_->addWidget(basis);
 
-    auto* knoepfe = new QHBoxLayout;
     go_ = Benannt(new QPushButton("OK", this), "btnGO");
     cancel_ = Benannt(new QPushButton("Abbrechen", this), "btnCancel");
     go_->setDefault(true);
-    knoepfe->addStretch(1);
-    knoepfe->addWidget(go_);
-    knoepfe->addWidget(cancel_);
-    lay->addLayout(knoepfe);
+    lay->addLayout(KnopfReihe({go_, cancel_}));
 
     AusVariablen();
 }

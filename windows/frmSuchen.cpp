@@ -41,13 +41,9 @@ frmSuchen::frmSuchen(frmAnzeige& anzeige, QWidget* eltern) : Fenster("frmSuchen"
     lay->addWidget(chkSekundaer_);
     lblStatus_ = Benannt(new QLabel(mitte), "lblStatus");
     lay->addWidget(lblStatus_);
-    auto* knoepfe = new QHBoxLayout;
     btnGO_ = Benannt(new QPushButton("Suchen", mitte), "btnGO");
     auto* abbrechen = Benannt(new QPushButton("Abbrechen", mitte), "btnCancel");
-    knoepfe->addStretch(1);
-    knoepfe->addWidget(btnGO_);
-    knoepfe->addWidget(abbrechen);
-    lay->addLayout(knoepfe);
+    lay->addLayout(KnopfReihe({btnGO_, abbrechen}));
     setCentralWidget(mitte);
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { Starten(); }));
     // Cancel stops a running search behind its next yield; when none runs it closes.

@@ -59,13 +59,9 @@ frmZufall::frmZufall(QWidget* eltern) : Fenster("frmZufall", eltern) {
     lay->addLayout(intervall);
     lblInfo_ = Benannt(new QLabel(mitte), "lblInfo");
     lay->addWidget(lblInfo_);
-    auto* knoepfe = new QHBoxLayout;
     auto* go = Benannt(new QPushButton("OK", mitte), "btnGO");
     auto* abbrechen = Benannt(new QPushButton("Abbrechen", mitte), "btnCancel");
-    knoepfe->addStretch(1);
-    knoepfe->addWidget(go);
-    knoepfe->addWidget(abbrechen);
-    lay->addLayout(knoepfe);
+    lay->addLayout(KnopfReihe({go, abbrechen}));
     setCentralWidget(mitte);
 
     const auto neu = Sicher([this] { Aktualisieren(); });
