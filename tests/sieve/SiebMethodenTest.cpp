@@ -51,11 +51,13 @@ TEST_F(SiebMethoden, AlleMethodenGleichUndRichtig) {
 
 // Large enough that primes p with p^2 beyond the sieving words strike through cofactors p^2.
 TEST_F(SiebMethoden, HundertMillionen) {
+    // Seven sieves to 1e8 take minutes unoptimised under the sanitizers; the limits above run there.
     if (!kReleaseBuild) GTEST_SKIP() << "release build only";
     MethodenVergleichen({100000000});
 }
 
 TEST_F(SiebMethoden, PrimzahlAnzahlenGrosserGrenzen) {
+    // Rasters of 1e9 and 2e9 are too slow unoptimised under the sanitizers.
     if (!kReleaseBuild) GTEST_SKIP() << "release build only";
     ASSERT_TRUE(PrimaerLauf(Decimal(1000000000), MethodeProdukt));
     EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(50847534));
