@@ -6,8 +6,6 @@
 
 #include "TestUmgebung.h"
 #include "frame/Fortschritt.h"
-#include "frame/Speicher.h"
-#include "frame/StoppUhr.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
 
@@ -73,52 +71,6 @@ TEST_F(FortschrittTest, TimeTextShowsElapsedAndRemainingAndSplitsAtRest) {
     Decimal von = Decimal::ausText("1000000000000000000000");
     EXPECT_EQ(ZeitTextGross(100, von + Decimal(25), von, von + Decimal(100)), "Zeit: 10 Sek  Restzeit: 30 Sek ");
     EXPECT_EQ(ZeitTextGross(100, von, von, von + Decimal(100)), "");
-}
-
-TEST_F(FortschrittTest, StopWatchKeepsNameAndTimesAndTellsItsWindow) {
-    static int gezeigt;
-    static bool zuletztAktiv;
-    gezeigt = 0;
-    StoppUhrZeigenHook = [](bool aktiv) {
-        ++gezeigt;
-        zuletztAktiv = aktiv;
-    };
-    StoppUhrAktiv = true;
-    StoppUhrStart("Produkte");
-    EXPECT_TRUE(StoppUhr.laeuft);
-    EXPECT_EQ(StoppUhr.name, "Produkte");
-    StoppUhrStop();
-    EXPECT_FALSE(StoppUhr.laeuft);
-    EXPECT_GE(StoppUhr.ende, StoppUhr.start);
-    EXPECT_EQ(gezeigt, 2);
-    EXPECT_TRUE(zuletztAktiv);
-    EXPECT_EQ(ui.doEvents, 2) << "start and stop each yield once";
-    StoppUhrZeigenHook = nullptr;
-    StoppUhrZeigen();  // without a window nothing happens
-
-    std::string t = DatumZeitText(StoppUhr.start);
-    ASSERT_EQ(t.size(), 19u) << t;
-    EXPECT_EQ(t[2], '.');
-    EXPECT_EQ(t[5], '.');
-    EXPECT_EQ(t[13], ':');
-}
-
-TEST_F(FortschrittTest, MemoryFiguresAreConsistentAndSizesReadInGigaAndMegabytes) {
-    SpeicherStand s = SpeicherLesen();
-    EXPECT_GT(s.physischGesamt, 0u);
-    EXPECT_LE(s.physischFrei, s.physischGesamt);
-    EXPECT_LE(s.auslagerungFrei, s.auslagerungGesamt);
-    EXPECT_LE(s.virtuellFrei, s.virtuellGesamt);
-    EXPECT_GE(s.auslastung, 0);
-    EXPECT_LE(s.auslastung, 100);
-
-    FormatZeichen = ".";
-    FormatAnzahl = 3;
-    const uint64_t MB = 1024 * 1024, GB = 1024 * MB;
-    EXPECT_EQ(GroesseText(512 * MB), "512 MB");
-    EXPECT_EQ(GroesseText(15 * GB + 820 * MB + 5), "15 GB 820 MB");
-    EXPECT_EQ(GroesseText(2048 * GB), "2.048 GB 0 MB");
-    EXPECT_EQ(GroesseText(0), "0 MB");
 }
 
 }  // namespace

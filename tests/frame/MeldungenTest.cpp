@@ -17,50 +17,6 @@ namespace {
 using MeldungenTest = test::SwTest;
 using test::AufgezeichneteMeldung;
 
-TEST_F(MeldungenTest, EachBoxHasItsTitleIconButtonsAndText) {
-    Laufzeitfehler fehler(FehlerKeinSpeicher);
-    MsgInfo(203);
-    MsgInfoText("frei");
-    MsgInfoP1(474, "1.000");
-    MsgInfoP1P2(118, "7", "3");
-    MsgSpeicher(fehler);
-    MsgLimit(Laufzeitfehler(FehlerUeberlauf));
-    MsgNichtImplementiert();
-    MsgLaufwerk();
-    MsgBereich();
-    MsgLimit512();
-    MsgFehler(203, Laufzeitfehler(FehlerDivisionDurchNull));
-
-    struct Erwartet {
-        const char* titel;
-        std::string text;
-        MeldungsSymbol symbol;
-    };
-    const std::vector<Erwartet> erwartet = {
-        {"SW - Info", Text(203), MeldungsSymbol::Information},
-        {"SW - Info", "frei", MeldungsSymbol::Information},
-        {"SW - Info", TextP1(474, "1.000"), MeldungsSymbol::Information},
-        {"SW - Info", "7 teilt 2^3-1", MeldungsSymbol::Information},
-        {"SW - Memory", TextP1P2(204, "7", "Nicht genügend Speicher"), MeldungsSymbol::Information},
-        {"SW - Limit", TextP1P2(205, "6", "Überlauf"), MeldungsSymbol::Information},
-        {"SW - Not implemented", Text(203), MeldungsSymbol::Information},
-        {"SW - Drive", Text(206), MeldungsSymbol::Information},
-        {"SW - Info", Text(207), MeldungsSymbol::Information},
-        {"SW - Info", Text(512), MeldungsSymbol::Information},
-        {"SW - Error", Text(203) + "\nNr.: 11 Division durch Null", MeldungsSymbol::Stopp},
-    };
-    ASSERT_EQ(ui.meldungen.size(), erwartet.size());
-    for (size_t i = 0; i < erwartet.size(); ++i) {
-        const AufgezeichneteMeldung& m = ui.meldungen[i];
-        EXPECT_EQ(m.titel, erwartet[i].titel) << i;
-        EXPECT_EQ(m.text, erwartet[i].text) << i;
-        EXPECT_FALSE(m.text.empty()) << i;
-        EXPECT_EQ(m.symbol, erwartet[i].symbol) << i;
-        EXPECT_EQ(m.knoepfe, MeldungsKnoepfe::OK) << i;
-    }
-    EXPECT_NE(ui.meldungen[4].text.find("Nicht genügend Speicher"), std::string::npos);
-}
-
 TEST_F(MeldungenTest, QuestionsReturnTheButtonChosen) {
     ui.antworten = {AntwortJa, AntwortNein, AntwortAbbrechen};
     EXPECT_EQ(MsgFrage(400), AntwortJa);
@@ -86,16 +42,6 @@ TEST_F(MeldungenTest, ErrorBoxesStillShowTheErrorWhenTheTextTableIsGone) {
     EXPECT_NE(ui.meldungen[0].text.find("sw.TEX"), std::string::npos) << ui.meldungen[0].text;
     EXPECT_NE(ui.meldungen[0].text.find("Nr.: 6 Überlauf"), std::string::npos);
     EXPECT_NE(ui.meldungen[1].text.find("Nr.: 7 Nicht genügend Speicher"), std::string::npos);
-}
-
-TEST_F(MeldungenTest, RunTimeErrorsCarryThePlatformsNumbersAndDescriptions) {
-    EXPECT_EQ(Laufzeitfehler(6).Beschreibung(), "Überlauf");
-    EXPECT_EQ(Laufzeitfehler(7).Beschreibung(), "Nicht genügend Speicher");
-    EXPECT_EQ(Laufzeitfehler(11).Beschreibung(), "Division durch Null");
-    EXPECT_EQ(Laufzeitfehler(13).Beschreibung(), "Typen unverträglich");
-    EXPECT_EQ(Laufzeitfehler(53).Beschreibung(), "Datei nicht gefunden");
-    EXPECT_EQ(Laufzeitfehler(70).Beschreibung(), "Zugriff verweigert");
-    EXPECT_STREQ(Laufzeitfehler(53, "Datei nicht gefunden: x").what(), "Datei nicht gefunden: x");
 }
 
 TEST(OberflaecheTerminalTest, AnswersFromTheFlagPrintsToStderrAndCtrlCStopsAtTheNextYield) {

@@ -60,19 +60,6 @@ TEST_F(ProgrammTest, StartTakesTheWorkingFolderTablesColoursAndRandomSettings) {
     EXPECT_EQ(StartNotiz(), Text(583) + Text(101));
 }
 
-TEST_F(ProgrammTest, WithoutSettingsTheDefaultsStand) {
-    std::string vorher = std::filesystem::current_path().string();
-    ProgrammStarten(false);
-    EXPECT_EQ(std::filesystem::current_path().string(), vorher) << "sw-cli keeps the shell's folder";
-    EXPECT_DOUBLE_EQ(RandomProzentFaktor, 1.0);
-    EXPECT_EQ(RandomFaktorBitKette, 0);
-    EXPECT_EQ(RandomInfoText, "(2,3,5)");
-    EXPECT_EQ(RandomPrimIntervall, 6);
-    ini("[Start]\nRandomPrimIntervall=9\n");
-    RandomEinstellungenLesen();
-    EXPECT_EQ(RandomPrimIntervall, 9);
-}
-
 TEST_F(ProgrammTest, StopWritesThreeRandomKeysAndLeavesTheIntervalAsItWas) {
     ini("[Start]\nRandomPrimIntervall=4\nHeight=7000\n");
     ProgrammStarten();

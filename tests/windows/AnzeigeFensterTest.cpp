@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
 
@@ -13,12 +12,10 @@
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
-#include "sieve/Zufall.h"
 #include "windows/Fensterregister.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmSuchen.h"
 #include "windows/frmZahl.h"
-#include "windows/frmZufall.h"
 
 namespace sw::test {
 namespace {
@@ -81,28 +78,6 @@ TEST_F(AnzeigeFensterTest, SuchenFindetZwillinge) {
     ASSERT_NE(fenster, nullptr);
     EXPECT_EQ(fenster->Logik().Aktuell, Decimal(1019)) << Meldungen();
     for (QWidget* w : QApplication::topLevelWidgets()) w->close();
-    Aufraeumen();
-}
-
-TEST_F(AnzeigeFensterTest, Modus6SagtEsKommtSpaeter) {
-    ASSERT_TRUE(FensterOeffnen("frmAnzeige", UntersuchungVon(12).modus, nullptr));
-    QTest::mouseClick(Suche<QPushButton>("btnGO"), Qt::LeftButton);
-    EXPECT_NE(Meldungen().find("Tertiär"), std::string::npos);
-    for (QWidget* w : QApplication::topLevelWidgets()) {
-        if (dynamic_cast<frmAnzeige*>(w)) w->close();
-    }
-    Aufraeumen();
-}
-
-TEST_F(AnzeigeFensterTest, ZufallFensterSchreibtEinstellungen) {
-    ASSERT_TRUE(FensterOeffnen("frmZufall", UntersuchungVon(3).modus, nullptr));
-    Suche<QLineEdit>("txtProzent")->setText("12,5");
-    Suche<QSpinBox>("UpDown2")->setValue(9);
-    EXPECT_EQ(Suche<QLabel>("lblFreiSpeicher")->text(), "4 GB");
-    QTest::mouseClick(Suche<QPushButton>("btnGO"), Qt::LeftButton);
-    EXPECT_DOUBLE_EQ(RandomProzentFaktor, 1.125);
-    EXPECT_EQ(RandomPrimIntervall, 9);
-    ZufallModus = 0;
     Aufraeumen();
 }
 

@@ -438,44 +438,6 @@ TEST_F(CockpitTest, OptionPagesApplyRefuseAndRestore) {
     EXPECT_EQ(ui.meldungen.size(), 1u) << Meldungen();
 }
 
-TEST_F(CockpitTest, TheStopWatchWindowFollowsItsOption) {
-    Cockpit();
-    Suche<QAction>("mnuSystemEinstellungen")->trigger();
-    Suche<QCheckBox>("chkStoppUhr")->setChecked(true);
-    Suche<QPushButton>("btnGO")->click();
-    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 1);
-    GrenzeTippen("10000");
-    Starten(6);
-    EXPECT_EQ(Suche<QLabel>("lblAufgabe")->text(), Suche<QPushButton>("btnStart", 6)->text().remove('&'));
-    EXPECT_FALSE(Suche<QLabel>("lblDauer")->text().isEmpty());
-    Suche<QAction>("mnuSystemEinstellungen")->trigger();
-    Suche<QCheckBox>("chkStoppUhr")->setChecked(false);
-    Suche<QPushButton>("btnGO")->click();
-    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 0);
-}
-
-TEST_F(CockpitTest, StartUpFillsTheNoteLineTheMersenneMenuAndTheList) {
-    Cockpit();
-    EXPECT_EQ(Suche<QLabel>("lblHinweis")->text().toStdString().find(Text(101)) != std::string::npos, true);
-    QMenu* mersenne = Suche<QMenu>("mnuMersenne");
-    const auto exponenten = TextListe(999);
-    ASSERT_EQ(mersenne->actions().size(), qsizetype(exponenten.size()));
-    EXPECT_EQ(mersenne->actions().front()->text(), "1. p = 2");
-    EXPECT_EQ(mersenne->actions()[12]->text(), "13. p = 521");
-    EXPECT_EQ(q(AktivesFenster), "Cockpit");
-    EXPECT_EQ(cockpit_->HilfeKey(), "Cockpit");
-
-    // A right click copies the list, line by line, and says so.
-    auto* liste = Suche<QListWidget>("List1");
-    ASSERT_GT(liste->count(), 2);
-    QTest::mouseClick(liste->viewport(), Qt::RightButton);
-    QStringList zeilen;
-    for (int i = 0; i < liste->count(); ++i) zeilen << liste->item(i)->text();
-    EXPECT_EQ(QApplication::clipboard()->text(), zeilen.join('\n'));
-    ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].text, Text(210));
-}
-
 TEST_F(CockpitTest, PrimModifyStrikesOnlyUpToItsBound) {
     Cockpit();
     // Before any run there is no range to modify.

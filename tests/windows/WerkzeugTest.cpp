@@ -245,57 +245,6 @@ TEST_F(WerkzeugTest, TheIconRowFollowsItsLettersAndActs) {
     delete f;
 }
 
-TEST_F(WerkzeugTest, TheFontChoiceStylesItsTargetAndIsKept) {
-    {
-        frmProbe f;
-        auto* liste = Steuer<QListWidget>(&f, "List1");
-        f.SchriftAuswahlAnlegen(liste);
-        f.FensterLaden("Probe");
-        auto* groesse = Steuer<QComboBox>(&f, "cmbSize");
-        EXPECT_EQ(groesse->currentText(), "12");
-        EXPECT_EQ(Steuer<QComboBox>(&f, "cmbFont")->currentText(), "Arial");
-        ASSERT_EQ(groesse->count(), 16);
-        EXPECT_EQ(groesse->itemText(15), "72");
-        groesse->setCurrentText("20");
-        Steuer<QToolButton>(&f, "btnBold")->setChecked(true);
-        EXPECT_EQ(liste->font().pointSize(), 20);
-        EXPECT_TRUE(liste->font().bold());
-        EXPECT_FALSE(liste->font().italic());
-        f.close();
-    }
-    EXPECT_EQ(IniLesen("Probe", "Bold"), "1");
-    EXPECT_EQ(IniLesen("Probe", "Italic"), "0");
-    EXPECT_EQ(IniLesen("Probe", "cmbSize"), "20");
-    frmProbe g;
-    auto* liste = Steuer<QListWidget>(&g, "List1");
-    g.SchriftAuswahlAnlegen(liste);
-    g.FensterLaden("Probe");
-    EXPECT_EQ(liste->font().pointSize(), 20);
-    EXPECT_TRUE(liste->font().bold());
-}
-
-TEST_F(WerkzeugTest, AWindowWithOnlyAListPrintsItsLinesOverPages) {
-    Fenster f("frmListe");
-    auto* liste = Benannt(new QListWidget(&f), "List1");
-    f.setCentralWidget(liste);
-    for (int i = 0; i < 400; ++i) liste->addItem(QString::number(i * i));
-    f.FensterLaden("Liste", "S");
-    const QString pdf = QString::fromStdString(Ordner()) + "liste.pdf";
-    DruckDialogHook = [&](QPrinter& drucker) {
-        drucker.setOutputFormat(QPrinter::PdfFormat);
-        drucker.setOutputFileName(pdf);
-        return true;
-    };
-    f.IconAktion(0);  // Print leads the row without navigation
-    QFile gedruckt(pdf);
-    ASSERT_TRUE(gedruckt.open(QIODevice::ReadOnly));
-    const QByteArray inhalt = gedruckt.readAll();
-    EXPECT_TRUE(inhalt.startsWith("%PDF-"));
-    const qsizetype seiten = inhalt.count("/Type /Page") - inhalt.count("/Type /Pages");
-    EXPECT_GT(seiten, 1) << "400 lines do not fit one page";
-    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
-}
-
 TEST_F(WerkzeugTest, ThePictureKeepsItsDrawingAndSavesBmpAndPng) {
     Bild bild;
     bild.resize(40, 30);
@@ -318,20 +267,6 @@ TEST_F(WerkzeugTest, ThePictureKeepsItsDrawingAndSavesBmpAndPng) {
     QFile bmp(QString::fromStdString(Ordner()) + "p.bmp");
     ASSERT_TRUE(bmp.open(QIODevice::ReadOnly));
     EXPECT_EQ(bmp.read(2), "BM");
-}
-
-TEST_F(WerkzeugTest, TheBarShowsItsShareOfTheTrack) {
-    Balken balken("Test");
-    balken.resize(202, 16);
-    balken.show();
-    BalkenSetzen(balken.Linie(), &balken, 50);
-    EXPECT_EQ(balken.Linie()->width(), 100);
-    BalkenSetzen(balken.Linie(), &balken, 150);
-    EXPECT_EQ(balken.Linie()->width(), 200);
-    balken.resize(102, 16);  // follows the track
-    EXPECT_EQ(balken.Linie()->width(), 100);
-    EXPECT_EQ(balken.objectName(), "lblPrgBarTest");
-    EXPECT_EQ(balken.Linie()->objectName(), "lblLineTest");
 }
 
 TEST_F(WerkzeugTest, HelpAnswersEveryKeyOfTheseWindowsAndSaysWhenItCannot) {
@@ -378,45 +313,6 @@ TEST_F(WerkzeugTest, F1OpensThePageOfTheWindowsKey) {
     auto* seite = Suche<QTextBrowser>("txtSeite");
     ASSERT_TRUE(seite);
     EXPECT_TRUE(seite->source().toLocalFile().endsWith("speicher.html"));
-}
-
-TEST_F(WerkzeugTest, DesktopBoxesCarryTitleIconAndButtonsAndAnswerWithTheOldNumbers) {
-    OberflaecheDesktop desktop;
-    struct Fall {
-        MeldungsSymbol symbol;
-        MeldungsKnoepfe knoepfe;
-        QMessageBox::Icon icon;
-        QMessageBox::StandardButtons erwartet;
-        QMessageBox::StandardButton klick;
-        int antwort;
-    };
-    const Fall faelle[] = {
-        {MeldungsSymbol::Information, MeldungsKnoepfe::OK, QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok,
-         AntwortOK},
-        {MeldungsSymbol::Frage, MeldungsKnoepfe::JaNein, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No,
-         QMessageBox::Yes, AntwortJa},
-        {MeldungsSymbol::Frage, MeldungsKnoepfe::JaNeinAbbrechen, QMessageBox::Question,
-         QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel, AntwortAbbrechen},
-        {MeldungsSymbol::Stopp, MeldungsKnoepfe::JaNein, QMessageBox::Critical, QMessageBox::Yes | QMessageBox::No,
-         QMessageBox::No, AntwortNein},
-    };
-    for (const Fall& f : faelle) {
-        bool gesehen = false;
-        QTimer::singleShot(0, [&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(box);
-            gesehen = true;
-            EXPECT_EQ(box->windowTitle(), "SW-Stop?");
-            EXPECT_EQ(box->text(), "Soll es enden?");
-            EXPECT_EQ(box->icon(), f.icon);
-            EXPECT_EQ(box->standardButtons(), f.erwartet);
-            box->button(f.klick)->click();
-        });
-        EXPECT_EQ(desktop.Meldung("SW-Stop?", "Soll es enden?", f.symbol, f.knoepfe), f.antwort);
-        EXPECT_TRUE(gesehen);
-    }
-    const double t0 = desktop.Uhr();
-    EXPECT_GE(desktop.Uhr(), t0);
 }
 
 TEST_F(WerkzeugTest, TheHandlerGuardShowsErrorsAndLetsNothingEscape) {
