@@ -76,45 +76,13 @@ void zaehlen(const Frage& f) {
     ausgeben(f, j, anzahl.Text());
 }
 
-// Large lists go out through one buffer of their own; a printf per prime would cost more
-// than finding the primes.
-class Puffer {
-public:
-    ~Puffer() { leeren(); }
-    void zahl(uint64_t v) {
-        char z[24];
-        int n = 0;
-        do {
-            z[n++] = char('0' + v % 10);
-            v /= 10;
-        } while (v);
-        if (pos_ + 32 > sizeof daten_) leeren();
-        while (n) daten_[pos_++] = z[--n];
-    }
-    void text(const char* s) {
-        const size_t n = std::strlen(s);
-        if (pos_ + n > sizeof daten_) leeren();
-        std::memcpy(daten_ + pos_, s, n);
-        pos_ += n;
-    }
-    void leeren() {
-        Terminal().FortschrittBeenden();
-        std::fwrite(daten_, 1, pos_, stdout);
-        pos_ = 0;
-    }
-
-private:
-    char daten_[1 << 16];
-    size_t pos_ = 0;
-};
-
 void auflisten(const Frage& f) {
     const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
     if (von > bis) throw CliFehler("primes: FROM " + von.Text() + " is greater than TO " + bis.Text());
     if (SekundaerWeg(bis, f.raster)) return SekundaerAuflisten(von, bis, f.json);
     RasterBereitstellen(f.raster, bisGrenze(bis, "primes"));
     ImRasterPruefen(bis, "primes");
-    Puffer aus;
+    AusgabePuffer aus;
     uint64_t anzahl = 0;
     if (f.json) {
         aus.text(("{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + PrimaerGrenze.Text() +

@@ -71,39 +71,6 @@ void PrimzahlenBereich(const Decimal& von, const Decimal& bis, Ausgabe&& ausgabe
     });
 }
 
-// Output through one buffer; the numbers may have up to 29 digits.
-class Ausgabe {
-public:
-    ~Ausgabe() { leeren(); }
-    void zahl(Zahl128 v) {
-        char z[40];
-        int n = 0;
-        do {
-            z[n++] = char('0' + int(v % 10));
-            v /= 10;
-        } while (v);
-        if (pos_ + 48 > sizeof daten_) leeren();
-        while (n) daten_[pos_++] = z[--n];
-    }
-    void text(const std::string& s) {
-        if (pos_ + s.size() > sizeof daten_) leeren();
-        if (s.size() > sizeof daten_) {
-            std::fwrite(s.data(), 1, s.size(), stdout);
-            return;
-        }
-        std::memcpy(daten_ + pos_, s.data(), s.size());
-        pos_ += s.size();
-    }
-    void leeren() {
-        std::fwrite(daten_, 1, pos_, stdout);
-        pos_ = 0;
-    }
-
-private:
-    char daten_[1 << 16];
-    size_t pos_ = 0;
-};
-
 std::string kopf(const Decimal& von, const Decimal& bis) {
     return "{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + PrimaerGrenze.Text();
 }
@@ -123,7 +90,7 @@ void zwillinge(const Paare& f) {
         RasterBereitstellen(f.raster, bis < Decimal(1000) ? Decimal(1000) : bis);
         ImRasterPruefen(bis, "twins");
     }
-    Ausgabe aus;
+    AusgabePuffer aus;
     if (f.json) aus.text(kopf(von, bis) + ",\"twins\":[");
     uint64_t anzahl = 0;
     Zahl128 vorige = 0;
@@ -174,7 +141,7 @@ void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json)
 
 void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json) {
     WurzelRasterBereitstellen(bis, "primes");
-    Ausgabe aus;
+    AusgabePuffer aus;
     if (json) aus.text(kopf(von, bis) + ",\"primes\":[");
     uint64_t anzahl = 0;
     PrimzahlenBereich(von, bis, [&](Zahl128 p) {

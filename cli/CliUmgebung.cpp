@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstring>
 
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -207,6 +208,33 @@ std::string JsonObjekt::Zeichenkette(const std::string& s) {
         }
     }
     return r + "\"";
+}
+
+void AusgabePuffer::zahl(unsigned __int128 v) {
+    char z[40];
+    int n = 0;
+    do {
+        z[n++] = char('0' + int(v % 10));
+        v /= 10;
+    } while (v);
+    if (pos_ + 48 > sizeof daten_) leeren();
+    while (n) daten_[pos_++] = z[--n];
+}
+
+void AusgabePuffer::text(const std::string& s) {
+    if (pos_ + s.size() > sizeof daten_) leeren();
+    if (s.size() > sizeof daten_) {
+        std::fwrite(s.data(), 1, s.size(), stdout);
+        return;
+    }
+    std::memcpy(daten_ + pos_, s.data(), s.size());
+    pos_ += s.size();
+}
+
+void AusgabePuffer::leeren() {
+    Terminal().FortschrittBeenden();
+    std::fwrite(daten_, 1, pos_, stdout);
+    pos_ = 0;
 }
 
 }  // namespace sw::cli

@@ -80,4 +80,18 @@ private:
     bool erstes_ = true;
 };
 
+// Long lists go to stdout through one buffer: a printf per number would cost more than
+// finding the numbers. Numbers up to 2^128; the progress line on stderr is cleared first.
+class AusgabePuffer {
+public:
+    ~AusgabePuffer() { leeren(); }
+    void zahl(unsigned __int128 v);
+    void text(const std::string& s);
+    void leeren();
+
+private:
+    char daten_[1 << 16];
+    size_t pos_ = 0;
+};
+
 }  // namespace sw::cli
