@@ -96,33 +96,38 @@ void zerlege_rest(u32 n, Faktor* aus, int& anz) {
     zerlege_rest(n / f, aus, anz);
 }
 
+// b^e mod m for e >= 1 by right-to-left 2-bit buckets (Yao): the base-4 digit d of e at place i
+// multiplies b^(4^i) into bucket d, and b^e = k1 k2^2 k3^3 = (k1 k3) (k2 k3)^2. The squares
+// b^(2^i) form the one dependent chain (nothing computes them faster); beside it this spends
+// one multiply per two exponent bits where a binary ladder spends two, and those few
+// instructions let the processor start on the next call while this one's chain still runs.
+// The bucket is picked by a load from a small array: a branch on random digits would be
+// mispredicted most of the time. Lazy (m < 2^31): values stay in [0, 2m) between steps,
+// since 4m^2 < 2^64, which keeps the final compare out of the chain.
+template <bool kLazy>
+u32 potenz_eimer(u64 basis, u64 e, const Barrett& br) {
+    const auto rest = [&br](u64 x) { return kLazy ? br.halb(x) : br.ganz(x); };
+    u64 eimer[4] = {1, 1, 1, 1};
+    for (;;) {
+        u64& k = eimer[e & 3];
+        k = rest(k * basis);
+        e >>= 2;
+        if (e == 0) break;
+        basis = rest(basis * basis);
+        basis = rest(basis * basis);
+    }
+    const u64 k23 = rest(eimer[2] * eimer[3]);
+    return u32(br.ganz(rest(eimer[1] * eimer[3]) * rest(k23 * k23)));
+}
+
 }  // namespace
 
 u32 modpot32(u32 b, u64 e, u32 m) {
     if (m < 2) return 0;
+    if (e == 0) return 1;
     const Barrett br(m);
-    // Right to left: the squares form the one dependent chain, the multiplications into the
-    // result hang off it and are taken by a mask, since a branch on random exponent bits would
-    // be mispredicted every other round. The round count is the exponent's length rounded up
-    // to a multiple of 8: the loop exit is then predicted, and the processor can start on the
-    // next call while this one's chain of squares is still running. Below 2^31 the values may
-    // stay in [0, 2m) between steps (4m^2 < 2^64), which keeps the compare out of the chain.
-    const int runden = e == 0 ? 0 : ((64 - __builtin_clzll(e)) + 7) & ~7;
-    u64 basis = br.ganz(b), erg = 1;
-    if (m < 0x80000000u) {
-        for (int i = 0; i < runden; ++i, e >>= 1) {
-            const u64 maske = 0 - (e & 1);
-            erg = (br.halb(erg * basis) & maske) | (erg & ~maske);
-            basis = br.halb(basis * basis);
-        }
-    } else {
-        for (int i = 0; i < runden; ++i, e >>= 1) {
-            const u64 maske = 0 - (e & 1);
-            erg = (br.ganz(erg * basis) & maske) | (erg & ~maske);
-            basis = br.ganz(basis * basis);
-        }
-    }
-    return u32(br.ganz(erg));
+    // Any b < 2^32 may enter the lazy chain unreduced: b^2 < 2^64.
+    return m < 0x80000000u ? potenz_eimer<true>(b, e, br) : potenz_eimer<false>(br.ganz(b), e, br);
 }
 
 bool ist_prim32(u32 n) {
