@@ -38,9 +38,9 @@ void groessen(benchmark::internal::Benchmark* b) {
     for (int n : {10, 100, 1000, 10000, 100000}) b->Arg(n);
 }
 
-// The short sizes around the word-loop thresholds of zahlkern/zk_tuning.h.
+// The short sizes around the column-kernel thresholds of zahlkern/zk_tuning.h.
 void kurz(benchmark::internal::Benchmark* b) {
-    for (int n : {2, 3, 4, 5, 6, 8}) b->Arg(n);
+    for (int n : {2, 3, 4, 5, 6, 8, 12, 14, 16, 18, 20, 24}) b->Arg(n);
 }
 
 void BM_aMulHypHyp(benchmark::State& st) {

@@ -1,7 +1,8 @@
-// Wide products and quotients. GMP's mpn functions want 64-bit limbs at limb alignment, and a
-// Hyp's words start 4 bytes behind its count, so the words are copied into grow-only limb
-// buffers of the calling thread; the copy is linear and disappears beside the product from a
-// few words on (see zk_tuning.h for where the word loops stop).
+// Wide products and quotients. Short products run in the column kernels of zk_klein. GMP's
+// mpn functions want 64-bit limbs at limb alignment, and a Hyp's words start 4 bytes behind
+// its count, so longer operands are copied into grow-only limb buffers of the calling thread;
+// the copy is linear and disappears beside the product (zk_tuning.h says where each side
+// takes over).
 #include "zahlkern/zk_breit.h"
 
 #include <gmp.h>
@@ -9,6 +10,7 @@
 #include <cstring>
 #include <vector>
 
+#include "zahlkern/zk_klein.h"
 #include "zahlkern/zk_tuning.h"
 
 namespace zk {
@@ -51,29 +53,6 @@ inline void aus_limbs(uint32_t* w, const mp_limb_t* p, int32_t n) {
     if (n & 1) w[n - 1] = uint32_t(p[ganze]);
 }
 
-// Schoolbook product on words: for short operands the loop beats the copies and GMP's call.
-void mul_schule(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, int32_t nb) {
-    uint64_t carry = 0;
-    const uint64_t b0 = b[0];
-    for (int32_t i = 0; i < na; ++i) {
-        carry += a[i] * b0;
-        t[i] = uint32_t(carry);
-        carry >>= 32;
-    }
-    t[na] = uint32_t(carry);
-    for (int32_t j = 1; j < nb; ++j) {
-        const uint64_t bj = b[j];
-        carry = 0;
-        uint32_t* z = t + j;
-        for (int32_t i = 0; i < na; ++i) {
-            carry += a[i] * bj + z[i];
-            z[i] = uint32_t(carry);
-            carry >>= 32;
-        }
-        z[na] = uint32_t(carry);
-    }
-}
-
 }  // namespace
 
 void mul_worte(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, int32_t nb) {
@@ -81,8 +60,8 @@ void mul_worte(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, in
         std::swap(a, b);
         std::swap(na, nb);
     }
-    if (nb < kMulWorteSchule) {
-        mul_schule(t, a, na, b, nb);
+    if (na <= kMulKleinBis) {
+        mul_klein(t, a, na, b, nb);
         return;
     }
     const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
@@ -94,8 +73,8 @@ void mul_worte(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, in
 }
 
 void quad_worte(uint32_t* t, const uint32_t* a, int32_t n) {
-    if (n < kQuadWorteSchule) {
-        mul_schule(t, a, n, a, n);
+    if (n <= kQuadKleinBis) {
+        quad_klein(t, a, n);
         return;
     }
     const size_t l = limbs_fuer(n);

@@ -1,6 +1,7 @@
 // Wide products and quotients on plain word arrays (no count element), shared by the Hyp
-// family and the word-vector primitives. Below the thresholds of zk_tuning.h they run as
-// word loops; above them the words are copied into 64-bit limb buffers for GMP's mpn layer.
+// family and the word-vector primitives. Below the thresholds of zk_tuning.h they run in the
+// column kernels of zk_klein; above them the words are copied into 64-bit limb buffers for
+// GMP's mpn layer.
 #pragma once
 
 #include <cstdint>

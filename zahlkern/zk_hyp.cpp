@@ -1,7 +1,7 @@
 // The Hyp family: unsigned numbers of any length in a caller-owned Long array, element 0 the
 // count of words. Everything works in place on the caller's words; products and quotients of
-// two long numbers go through zk_breit (GMP's mpn layer), everything with a word operand is
-// one pass over the words with the carry in a 64-bit register.
+// two long numbers go through zk_breit (column kernels, GMP's mpn layer), everything with a
+// word operand is one pass over the words with the carry in a 64-bit register.
 #include <algorithm>
 #include <cstring>
 #include <vector>

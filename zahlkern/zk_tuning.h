@@ -4,25 +4,29 @@
 
 #include <cstdint>
 
+#include "zahlkern/zk_klein.h"
+
 namespace zk {
 
-// Products whose shorter operand has fewer words than this run as a word loop; from here on
-// the copy into limb buffers plus mpn_mul is faster. aMulHypHyp, n x n words, ns per call
-// (median of 3):
-//   n             2     3     4     5     6     8
-//   word loop   8.0  11.2  16.2  22.0  30.5  49.6
-//   via mpn    15.0  17.1  18.9  20.7  21.5  22.8
-constexpr int32_t kMulWorteSchule = 5;
+// Products whose longer operand has at most this many words run in the column kernels of
+// zk_klein; longer ones are copied into limb buffers for mpn_mul. aMulHypHyp, n x n words,
+// ns per call (median of 3; mpn_mul alone on the same numbers for scale):
+//   n                 2     5     8    10    12    14    16
+//   column kernel   7.3  11.2  15.0  19.3  33.1  38.0  52.9
+//   copies + mpn                          33.7  41.3  48.7
+//   mpn_mul alone   5.4   9.6  12.1  21.0  24.8  32.7  41.4
+constexpr int32_t kMulKleinBis = 14;
 
-// Squares below this many words run as a word loop, from here on through mpn_sqr.
+// Squares up to this many words run in the column kernels, longer ones through mpn_sqr.
 // aQuadHyp, n words, ns per call:
-//   n             2     3     4     5     6     8
-//   word loop   6.7  10.5  15.4  23.7  29.8  48.8
-//   via mpn    14.4  15.5  16.7  19.3  19.5  20.5
-constexpr int32_t kQuadWorteSchule = 5;
+//   n                 2     5     8    10    12    14    16
+//   column kernel   5.7   9.5  12.6  15.5  21.5  27.5  32.4
+//   copies + mpn                          26.0  29.9  40.2
+//   mpn_sqr alone   6.3   7.3   8.9  12.6  17.1  22.9  29.8
+constexpr int32_t kQuadKleinBis = 16;
 
-static_assert(kMulWorteSchule >= 1 && kMulWorteSchule <= 64);
-static_assert(kQuadWorteSchule >= 1 && kQuadWorteSchule <= 64);
+static_assert(kMulKleinBis >= 1 && kMulKleinBis <= kKleinWorte);
+static_assert(kQuadKleinBis >= 1 && kQuadKleinBis <= kKleinWorte);
 
 }  // namespace zk
 

@@ -311,6 +311,35 @@ TEST(HypDifferenz, ZweiHypsBisZehntausendWorte) {
     }
 }
 
+// Short products run in one kernel per pair of limb counts, each with its own column sums and
+// odd-word top limb: every pair of lengths up to and past the last kernel, with every carry
+// pattern, and nothing written past the product.
+TEST(HypDifferenz, KurzeProdukteJederLaenge) {
+    Mpz a, b, r;
+    for (int ga = 1; ga <= 18; ++ga) {
+        for (int art = 0; art < kMusterArten; ++art) {
+            const std::vector<uint32_t> wa = muster(ga, art);
+            a.setze(wa);
+            for (int gb = 1; gb <= 18; ++gb) {
+                const std::vector<uint32_t> wb = muster(gb, (art + gb) % kMusterArten);
+                b.setze(wb);
+                sw::Hyp t(ga + gb + kWaechter);
+                for (int i = ga + gb + 1; i <= ga + gb + kWaechter; ++i) t[i] = kWaechterWert;
+                aMulHypHyp(t, hypAus(wa, ga), hypAus(wb, gb));
+                mpz_mul(r.z, a.z, b.z);
+                ASSERT_TRUE(hypGleich(t, r.z)) << ga << "x" << gb << " art " << art;
+                ASSERT_TRUE(waechterHeil(t, ga + gb)) << ga << "x" << gb;
+            }
+            sw::Hyp s(2 * ga + kWaechter);
+            for (int i = 2 * ga + 1; i <= 2 * ga + kWaechter; ++i) s[i] = kWaechterWert;
+            aQuadHyp(s, hypAus(wa, ga));
+            mpz_mul(r.z, a.z, a.z);
+            ASSERT_TRUE(hypGleich(s, r.z)) << ga << "^2 art " << art;
+            ASSERT_TRUE(waechterHeil(s, 2 * ga)) << ga << "^2";
+        }
+    }
+}
+
 TEST(HypDifferenz, MersenneRestUndModulareSubtraktion) {
     Mpz a, m, r, b;
     for (int p : {2, 3, 5, 31, 32, 33, 61, 64, 89, 127, 521, 4423}) {
