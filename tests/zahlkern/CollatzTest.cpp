@@ -10,8 +10,10 @@ namespace {
 
 struct Folge {
     long schritte = 0, mult = 0;
+    size_t hoechsteBits = 0;
 };
 
+// The plain rule, fast, for starts whose walk stays below 2^128.
 Folge naiv(unsigned __int128 n) {
     Folge f;
     while (n > 1) {
@@ -21,6 +23,24 @@ Folge naiv(unsigned __int128 n) {
         } else {
             n /= 2;
         }
+        ++f.schritte;
+    }
+    return f;
+}
+
+// The plain rule in mpz, which no width limits; also the widest value on the way.
+Folge naivGross(unsigned __int128 v) {
+    Mpz n({uint32_t(v), uint32_t(v >> 32), uint32_t(v >> 64), uint32_t(v >> 96)});
+    Folge f;
+    while (mpz_cmp_ui(n.z, 1) > 0) {
+        if (mpz_odd_p(n.z)) {
+            mpz_mul_ui(n.z, n.z, 3);
+            mpz_add_ui(n.z, n.z, 1);
+            ++f.mult;
+        } else {
+            mpz_fdiv_q_2exp(n.z, n.z, 1);
+        }
+        f.hoechsteBits = std::max(f.hoechsteBits, mpz_sizeinbase(n.z, 2));
         ++f.schritte;
     }
     return f;
@@ -41,35 +61,21 @@ TEST(Collatz, JederStartBisEineMillion) {
             ASSERT_EQ(aUlamTestMult(&d, int32_t(f.mult) - 1), 0) << x;
         }
     }
-    const DecimalSatz d27 = decAus(27);
-    EXPECT_EQ(aUlamAnzi(&d27), 111);
+    const DecimalSatz d27 = decAus(27);  // 111 steps, 41 of them 3n+1
     EXPECT_NE(aUlamTestMult(&d27, 41), 0);
 }
 
 TEST(Collatz, GrosseStartwerte) {
     // Random 96-bit starts: values climb past 2^128 for some, which the kernel walks in Hyp
     // arithmetic; the reference walks them in mpz.
-    Mpz n;
     for (int i = 0; i < 300 / kFaktor; ++i) {
         const unsigned __int128 v = (static_cast<unsigned __int128>(zufallsWort()) << 64 |
                                      (uint64_t(zufallsWort()) << 32 | zufallsWort())) >>
                                     (zufallsWort() % 90);
-        const uint32_t w[3] = {uint32_t(v), uint32_t(v >> 32), uint32_t(v >> 64)};
-        mpz_import(n.z, 3, -1, 4, 0, 0, w);
-        long schritte = 0, mult = 0;
-        while (mpz_cmp_ui(n.z, 1) > 0) {
-            if (mpz_odd_p(n.z)) {
-                mpz_mul_ui(n.z, n.z, 3);
-                mpz_add_ui(n.z, n.z, 1);
-                ++mult;
-            } else {
-                mpz_fdiv_q_2exp(n.z, n.z, 1);
-            }
-            ++schritte;
-        }
         const DecimalSatz d = decAus(v);
-        ASSERT_EQ(aUlamAnzi(&d), schritte);
-        ASSERT_EQ(aUlamTestMult(&d, int32_t(mult)), -1);
+        const Folge f = naivGross(v);
+        ASSERT_EQ(aUlamAnzi(&d), f.schritte);
+        ASSERT_EQ(aUlamTestMult(&d, int32_t(f.mult)), -1);
     }
     // 2^95: only halvings, 95 of them.
     const DecimalSatz p = decAus(static_cast<unsigned __int128>(1) << 95);
@@ -77,22 +83,9 @@ TEST(Collatz, GrosseStartwerte) {
     EXPECT_NE(aUlamTestMult(&p, 0), 0);
     // The all-ones 96-bit start climbs to about 2^150 (96 log2(3) bits): through the
     // 128-bit range into the Hyp walk and back.
-    mpz_set_ui(n.z, 1);
-    mpz_mul_2exp(n.z, n.z, 96);
-    mpz_sub_ui(n.z, n.z, 1);
-    long schritte = 0;
-    size_t hoechsteBits = 0;
-    while (mpz_cmp_ui(n.z, 1) > 0) {
-        if (mpz_odd_p(n.z)) {
-            mpz_mul_ui(n.z, n.z, 3);
-            mpz_add_ui(n.z, n.z, 1);
-        } else {
-            mpz_fdiv_q_2exp(n.z, n.z, 1);
-        }
-        hoechsteBits = std::max(hoechsteBits, mpz_sizeinbase(n.z, 2));
-        ++schritte;
-    }
-    EXPECT_GT(hoechsteBits, 128u);
-    const DecimalSatz voll = decAus((static_cast<unsigned __int128>(1) << 96) - 1);
-    EXPECT_EQ(aUlamAnzi(&voll), schritte);
+    const unsigned __int128 alleEins = (static_cast<unsigned __int128>(1) << 96) - 1;
+    const Folge f = naivGross(alleEins);
+    EXPECT_GT(f.hoechsteBits, 128u);
+    const DecimalSatz voll = decAus(alleEins);
+    EXPECT_EQ(aUlamAnzi(&voll), f.schritte);
 }

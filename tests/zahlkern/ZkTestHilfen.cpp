@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <algorithm>
 #include <cstring>
 
 namespace zktest {
@@ -85,6 +86,12 @@ bool waechterHeil(const sw::Hyp& h, int32_t raum) {
     return true;
 }
 
+sw::Hyp zielMitWaechtern(int32_t raum) {
+    sw::Hyp h(raum + kWaechter);
+    for (int32_t i = raum + 1; i <= raum + kWaechter; ++i) h[i] = kWaechterWert;
+    return h;
+}
+
 void hypNachMpz(mpz_t z, const int32_t* h) {
     mpz_import(z, size_t(h[0] > 0 ? h[0] : 1), -1, sizeof(uint32_t), 0, 0, h + 1);
 }
@@ -101,12 +108,20 @@ bool hypGleich(const int32_t* h, const mpz_t z) {
     return gleich;
 }
 
+Worte hypWorte(const int32_t* h) { return Worte(h + 1, h + 1 + std::max(h[0], 0)); }
+
 DecimalSatz decAus(unsigned __int128 v) {
     DecimalSatz d{};
     d.Lo32 = uint32_t(v);
     d.Mid32 = uint32_t(v >> 32);
     d.Hi32 = uint32_t(v >> 64);
     return d;
+}
+
+DecimalSatz decAusMpz(const mpz_t z) {
+    uint32_t w[3] = {0, 0, 0};
+    mpz_export(w, nullptr, -1, 4, 0, 0, z);
+    return decAus((static_cast<unsigned __int128>(w[2]) << 64) | (uint64_t(w[1]) << 32) | w[0]);
 }
 
 unsigned __int128 decWert(const DecimalSatz& d) {

@@ -48,13 +48,19 @@ constexpr int32_t kWaechterWert = int32_t(0xDEADBEEF);
 sw::Hyp hypAus(const std::vector<uint32_t>& w, int32_t raum);
 sw::Hyp hypAus(const mpz_t z, int32_t raum);
 bool waechterHeil(const sw::Hyp& h, int32_t raum);
+// An empty target (count 1, value 0) of room `raum` with the guard words behind it.
+sw::Hyp zielMitWaechtern(int32_t raum);
 
 // The Hyp's value as an mpz; checks the count rule (count >= 1, top word not 0 unless zero).
 void hypNachMpz(mpz_t z, const int32_t* h);
 bool hypNormal(const int32_t* h);
 bool hypGleich(const int32_t* h, const mpz_t z);
+// The words 1..count of a Hyp, to compare a whole result in one check.
+using Worte = std::vector<uint32_t>;
+Worte hypWorte(const int32_t* h);
 
 DecimalSatz decAus(unsigned __int128 v);
+DecimalSatz decAusMpz(const mpz_t z);  // z below 2^96
 unsigned __int128 decWert(const DecimalSatz& d);
 
 }  // namespace zktest
