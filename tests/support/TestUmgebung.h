@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/Laufzeitfehler.h"
 #include "frame/Oberflaeche.h"
 
 namespace sw::test {
@@ -33,6 +34,17 @@ public:
     double uhr = 0;
     void (*beiDoEvents)() = nullptr;
 };
+
+// The number of the run-time error that f() throws; 0 if it returns normally.
+template <class F>
+int GeworfeneNummer(F&& f) {
+    try {
+        f();
+    } catch (const Laufzeitfehler& e) {
+        return e.Nummer();
+    }
+    return 0;
+}
 
 // Base fixture: installs the recording Oberflaeche, resets the central state, builds the
 // tables and points ProgrammPfad at a fresh temporary folder that is removed afterwards.
