@@ -104,10 +104,8 @@ TEST_F(HypTextTest, DisplayGroupsShortensAndCounts) {
 TEST_F(HypTextTest, GroupingIsLinearAndMatchesTheRule) {
     FormatZeichen = " ";
     FormatAnzahl = 4;
-    EXPECT_EQ(ZiffernGruppieren("1"), "1");
-    EXPECT_EQ(ZiffernGruppieren("1234"), "1234");
-    EXPECT_EQ(ZiffernGruppieren("12345"), "1 2345");
-    EXPECT_EQ(ZiffernGruppieren("12345678"), "1234 5678");
+    const char* faelle[][2] = {{"1", "1"}, {"1234", "1234"}, {"12345", "1 2345"}, {"12345678", "1234 5678"}};
+    for (auto& f : faelle) EXPECT_EQ(ZiffernGruppieren(f[0]), f[1]);
     const std::string gross(1000000, '7');
     EXPECT_EQ(ZiffernGruppieren(gross).size(), 1000000u + 249999u);
 }
