@@ -1,10 +1,9 @@
 // sw-cli from the outside: answers, the --json shape, and for bad input one line on stderr
-// that begins with "sw-cli: " and exit code 1.
+// that begins with "sw-cli: " and exit code 1. Beyond the primary raster the counts, lists
+// and twin pairs come from the secondary sieve; their values are those primesieve gives.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -52,6 +51,26 @@ TEST_F(Cli, Antworten) {
         {"prev 2 --json", "{\"n\":2,\"prev\":null,\"limit\":1000}\n"},
         {"isprime 97 --json", "{\"n\":97,\"prime\":true,\"limit\":1000}\n"},
         {"factor 84 --json", "{\"n\":84,\"text\":\"2x2x3x7\",\"factors\":[2,2,3,7],\"limit\":1000}\n"},
+        // Beyond the primary raster: 2^32 .. 2^32 + 10^6, and just above GrenzeLong, where
+        // the windows take over.
+        {"count 4294967296 4295967296", "45038\n"},
+        {"count 2000000000 2000001000", "52\n"},
+        {"count 2000000000 2000001001", "53\n"},
+        {"primes 1e15 1000000000000300",
+         "1000000000000037\n1000000000000091\n1000000000000159\n1000000000000187\n1000000000000223\n"
+         "1000000000000241\n1000000000000249\n1000000000000259\n1000000000000273\n1000000000000279\n"
+         "1000000000000297\n"},
+        {"count 1e15 1000000000000300 --json",
+         "{\"from\":1000000000000000,\"to\":1000000000000300,\"count\":11,\"limit\":31622776}\n"},
+        {"primes 1e15 1000000000000100 --json",
+         "{\"from\":1000000000000000,\"to\":1000000000000100,\"limit\":31622776,\"primes\":[1000000000000037,"
+         "1000000000000091],\"count\":2}\n"},
+        // Twin pairs from the primary raster; a pair whose second prime lies beyond TO is not listed.
+        {"twins 0 20", "3 5\n5 7\n11 13\n17 19\n"},
+        {"twins 1000 1092", "1019 1021\n1031 1033\n1049 1051\n1061 1063\n"},
+        {"twins 1000 1100 --json",
+         "{\"from\":1000,\"to\":1100,\"limit\":1100,\"twins\":[[1019,1021],[1031,1033],[1049,1051],[1061,1063],"
+         "[1091,1093]],\"count\":5}\n"},
     };
     for (const auto& [argumente, erwartet] : faelle) {
         const Lauf l = Starten(argumente);
@@ -59,6 +78,10 @@ TEST_F(Cli, Antworten) {
         EXPECT_EQ(l.aus, erwartet) << argumente;
         EXPECT_EQ(l.fehler, "") << argumente;
     }
+    // primesieve: 20 pairs from 10^12 to 10^12 + 10^4, through the secondary sieve.
+    const std::string paare = Starten("twins 1e12 1000000010000").aus;
+    EXPECT_EQ(std::count(paare.begin(), paare.end(), '\n'), 20);
+    EXPECT_EQ(paare.substr(0, paare.find('\n')), "1000000000061 1000000000063");
 }
 
 TEST_F(Cli, Sieb) {
@@ -108,6 +131,7 @@ TEST_F(Cli, FalscheEingaben) {
     Abgelehnt("count 2 10 --limit 1e6 --block x", "exclude");
     Abgelehnt("frobnicate", "");
     Abgelehnt("next 1e30", "too large");
+    for (const char* argumente : {"twins 5 1", "twins x 10", "count 1e29 1e29", "primes 3e9 2e9"}) Abgelehnt(argumente);
 
     const Lauf hilfe = Starten("--help");
     EXPECT_EQ(hilfe.code, 0);

@@ -61,16 +61,24 @@ TEST_F(Blockdateien, Namen) {
     EXPECT_FALSE(BlockDateiGueltig("S000.BLK"));
 }
 
-// 250,000 with P052.BLK (200,000) and P053.BLK (300,000) present: no block of its own name,
-// so the larger one is loaded and cut; the result is the raster of a run.
+// No block of the limit's own name: the first at or above the next name is loaded and cut,
+// and the result is the raster of a run. 250,000 and 300,000 (next name P053.BLK) both take
+// P054.BLK (400,000); the smaller P052.BLK, P000.BLK and lower-case names never serve.
 TEST_F(Blockdateien, GroessererBlockWirdGeschnitten) {
     BlockAnlegen(200000, "P052.BLK");
-    BlockAnlegen(300000, "P053.BLK");
+    BlockAnlegen(400000, "P054.BLK");
+    DateiSchreiben("P000.BLK", std::string(400000, '\0'));
+    DateiSchreiben("p099.blk", std::string(400000, '\0'));
     ASSERT_TRUE(GrenzeSetzen(Decimal(250000)));
     ASSERT_TRUE(GroesserenBlockNutzen());
     EXPECT_EQ(PrimaerRaster.size(), 2084u);
     EXPECT_EQ(PrimaerRaster.back() & 0x00000FFFu, 0x00000FFFu);  // 250,007 and up struck
     EXPECT_TRUE(BeschaffenWieProdukt(250000));
+    ASSERT_TRUE(GrenzeSetzen(Decimal(300000)));
+    ASSERT_TRUE(GroesserenBlockNutzen());
+    EXPECT_TRUE(BeschaffenWieProdukt(300000));
+    ASSERT_TRUE(GrenzeSetzen(Decimal(500000)));
+    EXPECT_FALSE(GroesserenBlockNutzen());  // nothing at or above P055.BLK
     EXPECT_TRUE(ui.meldungen.empty());
 }
 
@@ -92,31 +100,6 @@ TEST_F(Blockdateien, GrosseBloeckeMitIhrenNamen) {
     BlockAnlegen(400000000, "P084.BLK");
     EXPECT_TRUE(BeschaffenWieProdukt(300000000));
     EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(16252325));
-    EXPECT_TRUE(ui.meldungen.empty());
-}
-
-// 300,000 with only P054.BLK (400,000): the next name is P053.BLK, the first at or above it
-// P054.BLK. P000.BLK and lower-case names never serve.
-TEST_F(Blockdateien, NurEinGroessererUndFalscheNamen) {
-    BlockAnlegen(400000, "P054.BLK");
-    DateiSchreiben("P000.BLK", std::string(400000, '\0'));
-    DateiSchreiben("p099.blk", std::string(400000, '\0'));
-    ASSERT_TRUE(GrenzeSetzen(Decimal(300000)));
-    ASSERT_TRUE(GroesserenBlockNutzen());
-    EXPECT_TRUE(BeschaffenWieProdukt(300000));
-    ASSERT_TRUE(GrenzeSetzen(Decimal(500000)));
-    EXPECT_FALSE(GroesserenBlockNutzen());  // nothing at or above P055.BLK
-    EXPECT_TRUE(ui.meldungen.empty());
-}
-
-TEST_F(Blockdateien, EigenerBlockWirdGeladen) {
-    BlockAnlegen(2000000, "P062.BLK");
-    const std::vector<uint32_t> gespeichert = PrimaerRaster;
-    ASSERT_TRUE(PrimaerLauf(Decimal(2000000), MethodeBereichBeschaffen));
-    // One spare word beyond the file, as the load has always made it.
-    ASSERT_EQ(PrimaerRaster.size(), gespeichert.size() + 1);
-    EXPECT_TRUE(std::equal(gespeichert.begin(), gespeichert.end(), PrimaerRaster.begin()));
-    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(148933));
     EXPECT_TRUE(ui.meldungen.empty());
 }
 
@@ -142,12 +125,17 @@ TEST_F(Blockdateien, UnpassendeBloeckeWerdenNichtGenutzt) {
     }
 }
 
-// The menu's load: the limit comes from the length, the raster keeps one word more, and only
-// a block file's name makes it count as the true primes.
-TEST_F(Blockdateien, MenueLaden) {
+// A block of the limit's own name serves method 3; the menu's load takes the limit from the
+// length. Both keep one word more than the file, and only a block file's name makes the raster
+// count as the true primes.
+TEST_F(Blockdateien, EigenerBlockUndMenueLaden) {
     BlockAnlegen(2000000, "P062.BLK");
     const std::vector<uint32_t> gespeichert = PrimaerRaster;
     ASSERT_TRUE(RasterSpeichern(Ordner() + "meins.dat", PrimaerRaster));
+    ASSERT_TRUE(PrimaerLauf(Decimal(2000000), MethodeBereichBeschaffen));
+    ASSERT_EQ(PrimaerRaster.size(), gespeichert.size() + 1);
+    EXPECT_TRUE(std::equal(gespeichert.begin(), gespeichert.end(), PrimaerRaster.begin()));
+    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(148933));
 
     ASSERT_TRUE(PrimaerLauf(Decimal(1000), MethodeProdukt));
     ASSERT_TRUE(PrimaerBlockLaden(Ordner() + "P062.BLK"));

@@ -44,15 +44,10 @@ TEST(RasterKern, NachschlagenImRaster) {
     raster[0] = 0x80040881u;
     raster[1] = 0x00000000u;
     raster[1] |= 0x80000000u >> 13;  // 120 + 49 = 169 struck
-    EXPECT_NE(aIsPrimPrimaer32(7, raster.data()), 0);
-    EXPECT_NE(aIsPrimPrimaer32(2, raster.data()), 0);
-    EXPECT_NE(aIsPrimPrimaer32(5, raster.data()), 0);
-    EXPECT_EQ(aIsPrimPrimaer32(1, raster.data()), 0);
-    EXPECT_EQ(aIsPrimPrimaer32(0, raster.data()), 0);
-    EXPECT_EQ(aIsPrimPrimaer32(49, raster.data()), 0);
-    EXPECT_EQ(aIsPrimPrimaer32(169, raster.data()), 0);
-    EXPECT_EQ(aIsPrimPrimaer32(9, raster.data()), 0);
-    EXPECT_EQ(aIsPrimPrimaer32(-7, raster.data()), 0);
+    for (const auto& [n, prim] : {std::pair{7, true}, {2, true}, {5, true}, {1, false}, {0, false}, {49, false},
+                                  {169, false}, {9, false}, {-7, false}}) {
+        EXPECT_EQ(aIsPrimPrimaer32(n, raster.data()) != 0, prim) << n;
+    }
     Decimal d = 167;
     EXPECT_NE(aIsPrimPrimaerDec(&d, raster.data()), 0);
     d = 169;

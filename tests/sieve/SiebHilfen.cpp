@@ -15,6 +15,28 @@ std::vector<bool> Eratosthenes(uint64_t grenze) {
     return prim;
 }
 
+std::vector<bool> FreiVonFaktoren(unsigned __int128 von, uint64_t anzahl, uint64_t grenze) {
+    static uint64_t gesiebt = 0;
+    static std::vector<uint64_t> primzahlen;
+    if (gesiebt != grenze) {
+        const std::vector<bool> prim = Eratosthenes(grenze);
+        primzahlen.clear();
+        for (uint64_t p = 2; p <= grenze; ++p) {
+            if (prim[p]) primzahlen.push_back(p);
+        }
+        gesiebt = grenze;
+    }
+    std::vector<bool> frei(anzahl, true);
+    for (uint64_t p : primzahlen) {
+        const uint64_t r = uint64_t(von % p);
+        for (uint64_t i = r ? p - r : 0; i < anzahl; i += p) {
+            if (von + i != p) frei[i] = false;
+        }
+    }
+    for (uint64_t i = 0; i < anzahl && von + i < 2; ++i) frei[i] = false;
+    return frei;
+}
+
 std::string RasterAbweichungen(const std::vector<uint32_t>& raster, const std::vector<bool>& prim, uint64_t grenze) {
     std::string text;
     int gefunden = 0;

@@ -75,26 +75,10 @@ TEST_F(SiebMethoden, TausendUndDieSchritteEinesLaufs) {
     EXPECT_EQ(PrimaerRaster.size(), 9u);
     EXPECT_EQ(PrimaerRasterAdresse, PrimaerRaster.data());
     EXPECT_EQ(PrimaerRaster[0], 0x80040881u);
-    EXPECT_EQ(aCountNullBits(int32_t(PrimaerRaster[0])), 27);
     EXPECT_EQ(PrimaerQuadrat, Decimal(1000000));
     EXPECT_TRUE(RasterBereit);
     EXPECT_TRUE(RasterEcht);
-    EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(168));
-    EXPECT_EQ(PrimAnzahl(Decimal(0), Decimal(119)), Decimal(30));
-    EXPECT_TRUE(IstPrim(Decimal(997)));
-    EXPECT_FALSE(IstPrim(Decimal(961)));  // 31^2, the last square of the square pass
     EXPECT_TRUE(ui.meldungen.empty());
-}
-
-TEST_F(SiebMethoden, VorsiebenStreichtSiebenUndElf) {
-    RasterLetzterIndex = 200;
-    ASSERT_TRUE(RasterVorsieben());
-    for (int64_t n = 1; n < 201 * 120; ++n) {
-        const uint32_t maske = RestMaske[n % 120];
-        if (maske == 0 || n == 7 || n == 11) continue;
-        const bool gestrichen = (PrimaerRaster[size_t(n / 120)] & maske) != 0;
-        EXPECT_EQ(gestrichen, n == 1 || n % 7 == 0 || n % 11 == 0) << n;
-    }
 }
 
 TEST_F(SiebMethoden, AbgelehnteGrenzenUndMethoden) {
@@ -150,11 +134,6 @@ TEST_F(SiebMethoden, PrimModifikation) {
     PrimModifikation(13);
     EXPECT_EQ(PrimaerRaster[0], 0x80040881u);
     auto frei = [](int64_t n) { return (PrimaerRaster[size_t(n / 120)] & RestMaske[n % 120]) == 0; };
-    EXPECT_FALSE(frei(13 * 17));
-    EXPECT_FALSE(frei(11 * 101));
-    EXPECT_TRUE(frei(17 * 19));
-    EXPECT_TRUE(frei(17 * 17));
-    EXPECT_TRUE(frei(99991));
     for (int64_t n = 7; n <= 100000; ++n) {
         if (RestMaske[n % 120] == 0 || n < 120) continue;
         const bool kleinerTeiler = n % 7 == 0 || n % 11 == 0 || n % 13 == 0;

@@ -32,16 +32,11 @@ public:
     int gezeichnet = 0;
 };
 
-// The primes of [von, bis] by a plain sieve of the window with the primes up to 10^6.
+// The primes of [von, bis] by trial marking with the primes up to 10^6.
 std::set<int64_t> Primzahlen(int64_t von, int64_t bis) {
-    static const std::vector<bool> klein = Eratosthenes(1000000);
-    std::vector<bool> frei(size_t(bis - von + 1), true);
-    for (int64_t p = 2; p <= 1000000 && p * p <= bis; ++p) {
-        if (!klein[size_t(p)]) continue;
-        for (int64_t m = std::max(p * p, (von + p - 1) / p * p); m <= bis; m += p) frei[size_t(m - von)] = false;
-    }
+    const std::vector<bool> frei = FreiVonFaktoren(uint64_t(von), uint64_t(bis - von + 1), 1000000);
     std::set<int64_t> s;
-    for (int64_t n = std::max<int64_t>(von, 2); n <= bis; ++n) {
+    for (int64_t n = von; n <= bis; ++n) {
         if (frei[size_t(n - von)]) s.insert(n);
     }
     return s;
@@ -101,21 +96,14 @@ TEST_F(Anzeige, BlaetternBleibtImBereich) {
     logik.GeometrieSetzen(10, 5);  // 50 numbers a page
     ASSERT_TRUE(logik.BereichHolen("1000", "175"));
     EXPECT_TRUE(fenster.navigation);
-    logik.Blaettern(1);  // page up at the start: stays
-    EXPECT_EQ(logik.Aktuell, Decimal(1000));
-    logik.Blaettern(3);
-    EXPECT_EQ(logik.Aktuell, Decimal(1010));
-    logik.Blaettern(2);
-    EXPECT_EQ(logik.Aktuell, Decimal(1000));
-    logik.Blaettern(4);
-    logik.Blaettern(4);
-    logik.Blaettern(4);
-    EXPECT_EQ(logik.Aktuell, Decimal(1150));  // still a number of the range
-    logik.Blaettern(4);  // beyond the end: the last page
-    EXPECT_EQ(logik.Aktuell, Decimal(1175 - 50 + 1));
-    logik.Blaettern(0);
-    logik.Blaettern(5);
-    EXPECT_EQ(logik.Aktuell, Decimal(1126));
+    // Page up at the start stays; a row down and up; page down stays on numbers of the range
+    // and beyond the end shows the last page, as does the key for the end.
+    const struct { int taste; int64_t aktuell; } schritte[] = {
+        {1, 1000}, {3, 1010}, {2, 1000}, {4, 1050}, {4, 1100}, {4, 1150}, {4, 1126}, {0, 1000}, {5, 1126}};
+    for (const auto& s : schritte) {
+        logik.Blaettern(s.taste);
+        EXPECT_EQ(logik.Aktuell, Decimal(s.aktuell)) << s.taste << " to " << s.aktuell;
+    }
     EXPECT_EQ(logik.ZelleZahl(0, 0), Decimal(1126));
     EXPECT_EQ(logik.ZelleZahl(4, 9), Decimal(1175));
     EXPECT_EQ(logik.ZelleZahl(5, 0), Decimal(0));
@@ -145,23 +133,22 @@ TEST_F(Anzeige, MusterUndLuecken) {
     ASSERT_TRUE(logik.BereichHolen("1000", "100000"));
     EXPECT_TRUE(logik.Suchen(SucheZwillinge));
     EXPECT_EQ(logik.Aktuell, Decimal(1019));
-    EXPECT_TRUE(logik.Suchen(SucheZwillinge));
+    EXPECT_TRUE(logik.Suchen(SucheZwillinge));  // the next search goes on from the hit
     EXPECT_EQ(logik.Aktuell, Decimal(1031));
-    logik.Blaettern(0);
-    EXPECT_TRUE(logik.Suchen(SucheVierlinge));
-    EXPECT_EQ(logik.Aktuell, Decimal(1481));  // 1481, 1483, 1487, 1489
     logik.SuchMuster = 1;
-    logik.Blaettern(0);
-    EXPECT_TRUE(logik.Suchen(SucheDrillinge));
-    EXPECT_EQ(logik.Aktuell, Decimal(1087));  // 1087, 1091, 1093
     logik.SuchMusterText = "0, 2, 6, 8, 12";
-    logik.Blaettern(0);
-    EXPECT_TRUE(logik.Suchen(SucheFrei));
-    EXPECT_EQ(logik.Aktuell, Decimal(1481));  // 1481 1483 1487 1489 1493
     logik.SucheLuecke = 30;
-    logik.Blaettern(0);
-    EXPECT_TRUE(logik.Suchen(SucheLueckeArt));
-    EXPECT_EQ(logik.Aktuell, Decimal(1327));  // 1327 .. 1361, the first gap of 34
+    const struct { SuchArt art; int64_t erster; } faelle[] = {
+        {SucheVierlinge, 1481},  // 1481, 1483, 1487, 1489
+        {SucheDrillinge, 1087},  // 1087, 1091, 1093
+        {SucheFrei, 1481},       // 1481 1483 1487 1489 1493
+        {SucheLueckeArt, 1327},  // 1327 .. 1361, the first gap of 34
+    };
+    for (const auto& f : faelle) {
+        logik.Blaettern(0);
+        EXPECT_TRUE(logik.Suchen(f.art)) << f.art;
+        EXPECT_EQ(logik.Aktuell, Decimal(f.erster)) << f.art;
+    }
     for (const char* falsch : {"", "3 5", "2 2", "x"}) {
         logik.SuchMusterText = falsch;
         EXPECT_FALSE(logik.Suchen(SucheFrei)) << falsch;

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <typeinfo>
+
 #include "TestUmgebung.h"
 #include "windows/Steuerelemente.h"
 
@@ -25,6 +27,16 @@ protected:
         }
         ADD_FAILURE() << "no control " << SteuerName(name, index).toStdString();
         return nullptr;
+    }
+    // The last opened top-level window of a class; fails the test when there is none.
+    template <typename T>
+    T* Offen() {
+        T* gefunden = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (auto* t = dynamic_cast<T*>(w)) gefunden = t;
+        }
+        if (!gefunden) ADD_FAILURE() << "no open window of type " << typeid(T).name();
+        return gefunden;
     }
     // The open top-level windows of a class name ("frmSpeicherAuslastung").
     static int FensterAnzahl(const QString& name);
