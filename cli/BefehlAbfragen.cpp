@@ -54,6 +54,12 @@ bool primFrage(const Decimal& n) {
     return FaktorenText(n) == n.Text();
 }
 
+// The raster for a question about numbers up to n: the given one or one up to n.
+void rasterBis(const Frage& f, const Decimal& n, const std::string& frage) {
+    RasterBereitstellen(f.raster, bisGrenze(n, frage));
+    ImRasterPruefen(n, frage);
+}
+
 void ausgeben(const Frage& f, JsonObjekt& j, const std::string& text) {
     Terminal().FortschrittBeenden();
     if (f.json) {
@@ -65,11 +71,9 @@ void ausgeben(const Frage& f, JsonObjekt& j, const std::string& text) {
 }
 
 void zaehlen(const Frage& f) {
-    const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
-    if (von > bis) throw CliFehler("count: FROM " + von.Text() + " is greater than TO " + bis.Text());
+    const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "count");
     if (SekundaerWeg(bis, f.raster)) return SekundaerZaehlenAusgeben(von, bis, f.json);
-    RasterBereitstellen(f.raster, bisGrenze(bis, "count"));
-    ImRasterPruefen(bis, "count");
+    rasterBis(f, bis, "count");
     const Decimal anzahl = PrimAnzahl(von, bis);
     JsonObjekt j;
     j.Zahl("from", von).Zahl("to", bis).Zahl("count", anzahl);
@@ -77,11 +81,9 @@ void zaehlen(const Frage& f) {
 }
 
 void auflisten(const Frage& f) {
-    const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
-    if (von > bis) throw CliFehler("primes: FROM " + von.Text() + " is greater than TO " + bis.Text());
+    const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "primes");
     if (SekundaerWeg(bis, f.raster)) return SekundaerAuflisten(von, bis, f.json);
-    RasterBereitstellen(f.raster, bisGrenze(bis, "primes"));
-    ImRasterPruefen(bis, "primes");
+    rasterBis(f, bis, "primes");
     AusgabePuffer aus;
     uint64_t anzahl = 0;
     if (f.json) {
@@ -128,8 +130,7 @@ void naechste(const Frage& f) {
 
 void vorherige(const Frage& f) {
     const Decimal n = ZahlLesen(f.zahlen[0], "N");
-    RasterBereitstellen(f.raster, bisGrenze(n, "prev"));
-    ImRasterPruefen(n, "prev");
+    rasterBis(f, n, "prev");
     const Decimal p = VorherigePrim(n);
     JsonObjekt j;
     j.Zahl("n", n);

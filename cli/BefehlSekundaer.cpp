@@ -82,8 +82,7 @@ struct Paare {
 };
 
 void zwillinge(const Paare& f) {
-    const Decimal von = ZahlLesen(f.zahlen[0], "FROM"), bis = ZahlLesen(f.zahlen[1], "TO");
-    if (von > bis) throw CliFehler("twins: FROM " + von.Text() + " is greater than TO " + bis.Text());
+    const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "twins");
     if (SekundaerWeg(bis, f.raster)) {
         WurzelRasterBereitstellen(bis, "twins");
     } else {

@@ -126,6 +126,12 @@ Decimal ZahlLesen(const std::string& text, const std::string& was) {
     }
 }
 
+Bereich BereichLesen(const std::string& von, const std::string& bis, const std::string& frage) {
+    Bereich b{ZahlLesen(von, "FROM"), ZahlLesen(bis, "TO")};
+    if (b.von > b.bis) throw CliFehler(frage + ": FROM " + b.von.Text() + " is greater than TO " + b.bis.Text());
+    return b;
+}
+
 bool RasterGewaehlt(const RasterWahl& wahl) { return !wahl.limit.empty() || !wahl.block.empty(); }
 
 namespace {

@@ -50,6 +50,12 @@ CliOberflaeche& Terminal();
 // with a fraction, is a CliFehler naming what was given.
 Decimal ZahlLesen(const std::string& text, const std::string& was);
 
+// FROM and TO of a range question, read by ZahlLesen; FROM above TO is a CliFehler.
+struct Bereich {
+    Decimal von, bis;
+};
+Bereich BereichLesen(const std::string& von, const std::string& bis, const std::string& frage);
+
 // The raster a question needs. With --block the file is loaded; with --limit that limit is
 // sieved by the main method; otherwise the given default limit. Refusals become CliFehler.
 struct RasterWahl {

@@ -27,6 +27,30 @@ extern Decimal Dec0, Dec1, Dec2, Dec3;
 extern Decimal Zweierpotenz[96];    // 2^0 .. 2^95
 extern std::vector<int32_t> Hyp0, Hyp1, Hyp2;  // 0, 1 and 2 as Hyp numbers
 
+// Calls ausgabe(n) for every clear bit of raster[erstes .. ende) read as the number
+// basis0 + 120 * word + residue, for von <= n <= bis in ascending order, until ausgabe returns
+// false. Full words are skipped with one comparison, and the clear bits are found by counting
+// leading zeros. Shared by the primary raster (64-bit numbers) and the secondary range
+// (128-bit numbers).
+template <typename Zahl, typename Ausgabe>
+void FreieBitsDurchlaufen(const uint32_t* raster, uint64_t erstes, uint64_t ende, Zahl basis0, Zahl von, Zahl bis,
+                          Ausgabe&& ausgabe) {
+    for (uint64_t w = erstes; w < ende; ++w) {
+        const uint32_t wort = raster[w];
+        if (wort == 0xFFFFFFFFu) continue;
+        const Zahl basis = basis0 + Zahl(w) * Zahl(RasterSpanne);
+        if (basis > bis) return;
+        for (uint32_t frei = ~wort; frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const Zahl n = basis + Zahl(unsigned(RasterRest[i + 1]));
+            if (n < von) continue;
+            if (n > bis) return;
+            if (!ausgabe(n)) return;
+        }
+    }
+}
+
 // Builds every table above, sets the scalar defaults of the central module and reads the
 // exponents of the known Mersenne primes (text key 999) when sw.TEX can be read.
 void RasterTabellenAufbauen();

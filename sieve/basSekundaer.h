@@ -70,27 +70,14 @@ bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, Se
                             void* kontext = nullptr);
 
 // Calls ausgabe(n) for each prime of the range with von <= n <= bis, ascending, until it
-// returns false. Full words are skipped with one comparison.
+// returns false.
 template <typename Ausgabe>
 void SekundaerDurchlaufen(Zahl128 von, Zahl128 bis, Ausgabe&& ausgabe) {
     const Zahl128 basis0 = SekundaerStart.Betrag();
     if (SekundaerRaster.empty() || bis < basis0 || von > bis) return;
     const uint64_t woerter = SekundaerRaster.size();
     const uint64_t erstes = von > basis0 ? uint64_t((von - basis0) / RasterSpanne) : 0;
-    for (uint64_t w = erstes; w < woerter; ++w) {
-        const uint32_t wort = SekundaerRaster[w];
-        if (wort == 0xFFFFFFFFu) continue;
-        const Zahl128 basis = basis0 + Zahl128(w) * RasterSpanne;
-        if (basis > bis) return;
-        for (uint32_t frei = ~wort; frei;) {
-            const int i = __builtin_clz(frei);
-            frei &= ~(0x80000000u >> i);
-            const Zahl128 n = basis + unsigned(RasterRest[i + 1]);
-            if (n < von) continue;
-            if (n > bis) return;
-            if (!ausgabe(n)) return;
-        }
-    }
+    FreieBitsDurchlaufen(SekundaerRaster.data(), erstes, woerter, basis0, von, bis, ausgabe);
 }
 
 }  // namespace sw

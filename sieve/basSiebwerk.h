@@ -27,8 +27,7 @@ void BereichBeschaffen();
 uint64_t NullBitsZaehlen(const uint32_t* worte, size_t anzahl);
 
 // The enumerating loop of every caller that lists primes: calls ausgabe(p) for each prime
-// von <= p <= bis in ascending order, 2, 3, 5 first, until ausgabe returns false. Full words
-// are skipped with one comparison, and the clear bits are found by counting leading zeros.
+// von <= p <= bis in ascending order, 2, 3, 5 first, until ausgabe returns false.
 // Numbers beyond the raster's last word are never looked at; the caller keeps bis at or below
 // PrimaerGrenze, since the last word may hold clear bits above it.
 template <typename Ausgabe>
@@ -40,21 +39,8 @@ void PrimzahlenDurchlaufen(uint64_t von, uint64_t bis, Ausgabe&& ausgabe) {
     const uint64_t rasterEnde = uint64_t(RasterLetzterIndex) * RasterSpanne + RasterSpanne - 1;
     if (bis > rasterEnde) bis = rasterEnde;
     if (von > bis) return;
-    const uint32_t* const raster = PrimaerRaster.data();
-    const uint64_t letztesWort = bis / RasterSpanne;
-    for (uint64_t k = von / RasterSpanne; k <= letztesWort; ++k) {
-        const uint32_t wort = raster[k];
-        if (wort == 0xFFFFFFFFu) continue;
-        const uint64_t basis = k * RasterSpanne;
-        for (uint32_t frei = ~wort; frei;) {
-            const int i = __builtin_clz(frei);
-            frei &= ~(0x80000000u >> i);
-            const uint64_t p = basis + uint64_t(RasterRest[i + 1]);
-            if (p < von) continue;
-            if (p > bis) return;
-            if (!ausgabe(p)) return;
-        }
-    }
+    FreieBitsDurchlaufen(PrimaerRaster.data(), von / RasterSpanne, bis / RasterSpanne + 1, uint64_t(0), von, bis,
+                         ausgabe);
 }
 
 }  // namespace sw
