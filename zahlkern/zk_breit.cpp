@@ -10,6 +10,7 @@
 #include <cstring>
 #include <vector>
 
+#include "zahlkern/zk_intern.h"
 #include "zahlkern/zk_klein.h"
 #include "zahlkern/zk_tuning.h"
 
@@ -28,13 +29,12 @@ inline mp_limb_t* platz(int i, size_t limbs) {
     return v.data();
 }
 
-inline size_t limbs_fuer(int32_t worte) { return size_t(worte + 1) / 2; }
 
 // Words into limbs: on a little-endian machine two words are one limb. The pairs are stored
 // as whole limbs: a byte copy over a half limb zeroed first would leave GMP's first load of
 // that limb waiting on two overlapping stores.
 inline mp_limb_t* in_limbs(int i, const uint32_t* w, int32_t n) {
-    const size_t l = limbs_fuer(n);
+    const size_t l = size_t(limbs_fuer(n));
     mp_limb_t* p = platz(i, l);
     const size_t ganze = size_t(n) / 2;
     for (size_t k = 0; k < ganze; ++k) {
@@ -64,7 +64,7 @@ void mul_worte(uint32_t* t, const uint32_t* a, int32_t na, const uint32_t* b, in
         mul_klein(t, a, na, b, nb);
         return;
     }
-    const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
+    const size_t la = size_t(limbs_fuer(na)), lb = size_t(limbs_fuer(nb));
     const mp_limb_t* pa = in_limbs(0, a, na);
     const mp_limb_t* pb = in_limbs(1, b, nb);
     mp_limb_t* pt = platz(2, la + lb);
@@ -77,7 +77,7 @@ void quad_worte(uint32_t* t, const uint32_t* a, int32_t n) {
         quad_klein(t, a, n);
         return;
     }
-    const size_t l = limbs_fuer(n);
+    const size_t l = size_t(limbs_fuer(n));
     const mp_limb_t* pa = in_limbs(0, a, n);
     mp_limb_t* pt = platz(2, 2 * l);
     mpn_sqr(pt, pa, mp_size_t(l));
@@ -86,7 +86,7 @@ void quad_worte(uint32_t* t, const uint32_t* a, int32_t n) {
 
 void divmod_worte(uint32_t* q, uint32_t* r, const uint32_t* a, int32_t na, const uint32_t* b,
                   int32_t nb) {
-    const size_t la = limbs_fuer(na), lb = limbs_fuer(nb);
+    const size_t la = size_t(limbs_fuer(na)), lb = size_t(limbs_fuer(nb));
     const mp_limb_t* pa = in_limbs(0, a, na);
     const mp_limb_t* pb = in_limbs(1, b, nb);
     mp_limb_t* pq = platz(2, la - lb + 1);

@@ -11,6 +11,9 @@ using u32 = uint32_t;
 using u64 = uint64_t;
 using u128 = unsigned __int128;
 
+// 64-bit limbs for a count of 32-bit words (two words a limb on a little-endian machine).
+inline int32_t limbs_fuer(int32_t worte) { return (worte + 1) / 2; }
+
 constexpr u128 kDecMax = (u128(1) << 96) - 1;
 
 // The 96-bit magnitude of a Decimal record as one wide integer (the record keeps its words

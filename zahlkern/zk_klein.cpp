@@ -13,11 +13,10 @@
 #include <cstring>
 #include <utility>
 
+#include "zahlkern/zk_intern.h"
+
 namespace zk {
 namespace {
-
-using u32 = uint32_t;
-using u64 = uint64_t;
 
 constexpr int kLimbs = kKleinWorte / 2;
 
@@ -150,14 +149,12 @@ constexpr std::array<QuadKern, sizeof...(I)> quad_tabelle(std::integer_sequence<
 constexpr auto kMulKerne = mul_tabelle(std::make_integer_sequence<int, kLimbs * kLimbs>{});
 constexpr auto kQuadKerne = quad_tabelle(std::make_integer_sequence<int, kLimbs>{});
 
-inline int limbs(int32_t worte) { return (worte + 1) / 2; }
-
 }  // namespace
 
 void mul_klein(u32* t, const u32* a, int32_t na, const u32* b, int32_t nb) {
-    kMulKerne[size_t((limbs(na) - 1) * kLimbs + limbs(nb) - 1)](t, a, na, b, nb);
+    kMulKerne[size_t((limbs_fuer(na) - 1) * kLimbs + limbs_fuer(nb) - 1)](t, a, na, b, nb);
 }
 
-void quad_klein(u32* t, const u32* a, int32_t n) { kQuadKerne[size_t(limbs(n) - 1)](t, a, n); }
+void quad_klein(u32* t, const u32* a, int32_t n) { kQuadKerne[size_t(limbs_fuer(n) - 1)](t, a, n); }
 
 }  // namespace zk
