@@ -1,5 +1,5 @@
-// The settings file: what the platform's profile functions did (case, defaults, 255
-// characters, the decimal comma), what a user's hand-edited or foreign SW.Ini looks like,
+// The settings file: what the platform's profile functions did (case, defaults, the decimal
+// comma), what a user's hand-edited or foreign SW.Ini looks like,
 // and that a write never loses the rest of the file.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -55,18 +55,6 @@ TEST_F(EinstellungenTest, ASessionsOtherBlockFolderKeepsTheSettingsInTheWorkingF
     IniSchreiben("Anzeige", "Width", 900);
     EXPECT_FALSE(std::filesystem::exists(blockOrdner + "SW.Ini"));
     EXPECT_NE(lesen().find("Width=900"), std::string::npos);
-}
-
-TEST_F(EinstellungenTest, ValuesAreCutAt255CharactersWithoutSplittingOne) {
-    std::string lang(300, 'x');
-    IniSchreiben("S", "k", lang);
-    EXPECT_EQ(IniLesen("S", "k"), std::string(IniWertLaenge, 'x'));
-    std::string umlaute;
-    for (int i = 0; i < 300; ++i) umlaute += "ä";
-    IniSchreiben("S", "u", umlaute);
-    std::string gelesen = IniLesen("S", "u");
-    EXPECT_EQ(gelesen.size(), 2 * IniWertLaenge) << "255 characters of two bytes each";
-    EXPECT_NE(lesen().find(umlaute), std::string::npos) << "the file keeps the whole value";
 }
 
 TEST_F(EinstellungenTest, DoublesAreStoredWithTwoDecimalsAndACommaAndReadEitherWay) {
