@@ -41,8 +41,7 @@ TEST_F(FormelTest, KnownValuesAndTheProgramsOwnPrecedence) {
         {"2^127-1", "170141183460469231731687303715884105727"},
         {"7 MOD 3", "1"}, {"7MODULO3", "1"}, {"7 mod 3", "1"},
         {"SQRMOD(10)", "1"}, {"SQR(10)", "3"}, {"sqrt(1000000)", "1000"},
-        {"2*3+4", "10"}, {"2+3*4", "14"}, {"10-2+3", "5"},
-        {"7%3*2", "2"}, {"7*3%2", "7"}, {"2^3^2", "64"},
+        {"7%3*2", "2"}, {"7*3%2", "7"},  // % before *, unlike C; the rest of the order in the random run below
         {"2\xC2\xB2", "4"}, {"2\xC2\xB3", "8"}, {"2**3", "8"}, {"8\\2", "4"}, {"8\\\\2", "4"},
         {"3-5", "3"}, {"5^0", "1"}, {"", "1"}, {"   ", "1"},
         {"2*", "2"}, {"-5", "1"}, {"100/7*7", "98"}, {"12/4/3", "1"},
@@ -52,15 +51,9 @@ TEST_F(FormelTest, KnownValuesAndTheProgramsOwnPrecedence) {
         {"2(3)", "23"},                 // a bracket's value takes the bracket's place
         {"((((7))))", "7"}, {"()", "0"},
         {"0^0", "1"}, {"0/5", "0"}, {"5%7", "5"},
+        {"7MOD3MOD2", "1"}, {"100 MODULO 7 MOD 3", "2"},  // MOD inside SQRMOD is no operator
     };
     for (auto& f : faelle) EXPECT_EQ(W(f[0]), f[1]) << "formula: " << f[0];
-}
-
-TEST_F(FormelTest, MODInsideALongerWordIsNoOperator) {
-    EXPECT_EQ(WortErsetzen("SQRMOD10", "MOD", "%"), "SQRMOD10");
-    EXPECT_EQ(WortErsetzen("7MOD3MOD2", "MOD", "%"), "7%3%2");
-    EXPECT_EQ(WortErsetzen("MOD", "MOD", "%"), "%");
-    EXPECT_EQ(W("100 MODULO 7 MOD 3"), "2");
 }
 
 TEST_F(FormelTest, LongResultsTravelThroughTheStoreAndTheStoreIsEmptiedAfterwards) {
@@ -136,13 +129,11 @@ TEST_F(FormelTest, FormulaFields) {
     EXPECT_EQ(FormelFeldText("2^10").value(), "1.024");
     EXPECT_EQ(FormelFeldText(" Formel:   2^10 ").value(), "1.024");
     EXPECT_EQ(FormelFeldText("2^400").value(), "Formel: 2^400");
-    EXPECT_EQ(FormelFeldText("Formel: 2^400").value(), "Formel: 2^400");
     // 10^74 has 75 digits, 99 characters grouped; 10^75 reaches 100.
     EXPECT_EQ(FormelFeldText("10^74").value().size(), 99u);
     EXPECT_EQ(FormelFeldText("10^75").value(), "Formel: 10^75");
     // The word form keeps a formula from 21 words (641 bits) on, whatever the text length.
     EXPECT_EQ(FormelFeldWorte("2^639").value().substr(0, 8), "Formel: ");
-    EXPECT_EQ(FormelFeldWorte("2^600").value().substr(0, 8), "Formel: ");
     EXPECT_EQ(FormelFeldWorte("2^100").value(), "1.267.650.600.228.229.401.496.703.205.376");
     EXPECT_FALSE(FormelFeldText("1/0").has_value());
     EXPECT_EQ(ui.meldungen.size(), 1u);

@@ -40,21 +40,26 @@ TEST_F(RechnerTest, MemoriesAreNamedInFormulas) {
     r.Merken(10, Text2Hyp("1"));
 }
 
-TEST_F(RechnerTest, FunctionButtons) {
-    EXPECT_EQ(R(RechenFunktion::Fakultaet, "10"), "3628800");
-    EXPECT_EQ(R(RechenFunktion::Primorial2, "13"), "30030");
-    EXPECT_EQ(R(RechenFunktion::Primorial3, "13"), "15015");
-    EXPECT_EQ(R(RechenFunktion::Fibonacci, "100"), "354224848179261915075");
-    EXPECT_EQ(R(RechenFunktion::Perrin, "10"), "17");
-    EXPECT_EQ(R(RechenFunktion::GGT, "2^32+1 ; 641 * 3"), "641");
-    EXPECT_EQ(R(RechenFunktion::ModInverse, "3;7"), "5");
-    EXPECT_EQ(R(RechenFunktion::ModInverse, "5;1"), "0");
-    EXPECT_EQ(R(RechenFunktion::Wurzel, "10^40+1"), "100000000000000000000");
-    EXPECT_NE(Fehler(RechenFunktion::ModInverse, "6;9"), "");
-    EXPECT_NE(Fehler(RechenFunktion::ModInverse, "6;0"), "");
-    EXPECT_NE(Fehler(RechenFunktion::GGT, "12"), "");
-    EXPECT_NE(Fehler(RechenFunktion::Fakultaet, "2^31").find("2.147.483.648"), std::string::npos);
-    EXPECT_NE(Fehler(RechenFunktion::Fibonacci, "2000000000"), "");
+TEST_F(RechnerTest, FunctionButtonsAndTheirRefusals) {
+    using F = RechenFunktion;
+    struct Fall {
+        F f;
+        const char* eingabe;
+        const char* soll;  // the result, or a part of the refusal's text
+    };
+    const Fall werte[] = {{F::Fakultaet, "10", "3628800"}, {F::Primorial2, "13", "30030"},
+                          {F::Primorial3, "13", "15015"},  {F::Fibonacci, "100", "354224848179261915075"},
+                          {F::Perrin, "10", "17"},         {F::GGT, "2^32+1 ; 641 * 3", "641"},
+                          {F::ModInverse, "3;7", "5"},     {F::ModInverse, "5;1", "0"},
+                          {F::Wurzel, "10^40+1", "100000000000000000000"}};
+    for (const Fall& c : werte) EXPECT_EQ(R(c.f, c.eingabe), c.soll) << c.eingabe;
+    const Fall refusals[] = {{F::ModInverse, "6;9", ""}, {F::ModInverse, "6;0", ""}, {F::GGT, "12", ""},
+                             {F::Fakultaet, "2^31", "2.147.483.648"}, {F::Fibonacci, "2000000000", ""}};
+    for (const Fall& c : refusals) {
+        const std::string text = Fehler(c.f, c.eingabe);
+        EXPECT_NE(text, "") << c.eingabe;
+        EXPECT_NE(text.find(c.soll), std::string::npos) << c.eingabe << ": " << text;
+    }
 }
 
 TEST_F(RechnerTest, PrimesComeFromTheRasterWhenItCoversTheNumber) {

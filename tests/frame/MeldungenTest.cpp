@@ -17,17 +17,6 @@ namespace {
 using MeldungenTest = test::SwTest;
 using test::AufgezeichneteMeldung;
 
-TEST_F(MeldungenTest, QuestionsReturnTheButtonChosen) {
-    ui.antworten = {AntwortJa, AntwortNein, AntwortAbbrechen};
-    EXPECT_EQ(MsgFrage(400), AntwortJa);
-    EXPECT_EQ(MsgFrage(404), AntwortNein);
-    EXPECT_EQ(MsgEndeFrage(), AntwortAbbrechen);
-    ASSERT_EQ(ui.meldungen.size(), 3u);
-    EXPECT_EQ(ui.meldungen[0].symbol, MeldungsSymbol::Frage);
-    EXPECT_EQ(ui.meldungen[0].knoepfe, MeldungsKnoepfe::JaNein);
-    EXPECT_EQ(ui.meldungen[2].knoepfe, MeldungsKnoepfe::JaNeinAbbrechen);
-}
-
 TEST_F(MeldungenTest, ErrorBoxesStillShowTheErrorWhenTheTextTableIsGone) {
     std::filesystem::create_directory(Ordner() + "sw.TEX");  // no readable table in its place
     ASSERT_EQ(TexDateiPfad(), Ordner() + "sw.TEX");
