@@ -35,30 +35,19 @@ protected:
 };
 
 TEST_F(Blockdateien, Namen) {
-    EXPECT_EQ(BlockName(Decimal(200000000)), "P082.BLK");
-    EXPECT_EQ(BlockName(Decimal(5000000)), "P065.BLK");
-    EXPECT_EQ(BlockName(Decimal(2000000000)), "P092.BLK");
-    EXPECT_EQ(BlockName(Decimal(1000)), "P031.BLK");
-    EXPECT_EQ(BlockName(Decimal(250000000)), "");
-    EXPECT_EQ(BlockName(Decimal(1001)), "");
-
-    auto naechster = [](int64_t grenze) {
-        PrimaerGrenze = Decimal(grenze);
+    TextTabelle(BlockName, {{200000000, "P082.BLK"}, {5000000, "P065.BLK"}, {2000000000, "P092.BLK"},
+                            {1000, "P031.BLK"}, {250000000, ""}, {1001, ""}});
+    const auto naechster = [](const Decimal& grenze) {
+        PrimaerGrenze = grenze;
         return NaechsterBlockName();
     };
-    EXPECT_EQ(naechster(250000000), "P083.BLK");
-    EXPECT_EQ(naechster(300000000), "P083.BLK");
-    EXPECT_EQ(naechster(950000), "P061.BLK");
-    EXPECT_EQ(naechster(9000001), "P071.BLK");
-
-    EXPECT_TRUE(BlockDateiGueltig("P082.BLK"));
-    EXPECT_TRUE(BlockDateiGueltig("/home/x/P082.blk"));   // the ending in any case
-    EXPECT_TRUE(BlockDateiGueltig("C:\\SW\\P092.BLK"));
-    EXPECT_FALSE(BlockDateiGueltig("p082.BLK"));          // the first letter is case sensitive
-    EXPECT_FALSE(BlockDateiGueltig("P08A.BLK"));
-    EXPECT_FALSE(BlockDateiGueltig("P0822.BLK"));
-    EXPECT_FALSE(BlockDateiGueltig("P082.BLK/x"));
-    EXPECT_FALSE(BlockDateiGueltig("S000.BLK"));
+    TextTabelle(naechster, {{250000000, "P083.BLK"}, {300000000, "P083.BLK"}, {950000, "P061.BLK"},
+                            {9000001, "P071.BLK"}});
+    // The ending in any case, but the first letter case sensitive.
+    for (const char* name : {"P082.BLK", "/home/x/P082.blk", "C:\\SW\\P092.BLK"}) EXPECT_TRUE(BlockDateiGueltig(name)) << name;
+    for (const char* name : {"p082.BLK", "P08A.BLK", "P0822.BLK", "P082.BLK/x", "S000.BLK"}) {
+        EXPECT_FALSE(BlockDateiGueltig(name)) << name;
+    }
 }
 
 // No block of the limit's own name: the first at or above the next name is loaded and cut,

@@ -1,5 +1,7 @@
 #include "SiebHilfen.h"
 
+#include <gtest/gtest.h>
+
 #include "sieve/RasterTabellen.h"
 
 namespace sw::test {
@@ -52,6 +54,11 @@ std::string RasterAbweichungen(const std::vector<uint32_t>& raster, const std::v
         }
     }
     return text;
+}
+
+void TextTabelle(const std::function<std::string(const Decimal&)>& f,
+                 const std::vector<std::pair<Decimal, std::string>>& faelle) {
+    for (const auto& [n, text] : faelle) EXPECT_EQ(f(n), text) << n.Text();
 }
 
 }  // namespace sw::test

@@ -4,8 +4,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "frame/Decimal.h"
 
 namespace sw::test {
 
@@ -19,5 +23,9 @@ std::vector<bool> FreiVonFaktoren(unsigned __int128 von, uint64_t anzahl, uint64
 // The numbers n <= grenze whose bit in the raster disagrees with the oracle (at most a few),
 // as text; "" if the raster is right. Word 0 is taken as a finished raster has it.
 std::string RasterAbweichungen(const std::vector<uint32_t>& raster, const std::vector<bool>& prim, uint64_t grenze);
+
+// Each number of the table through f against the text expected for it; a miss names the number.
+void TextTabelle(const std::function<std::string(const Decimal&)>& f,
+                 const std::vector<std::pair<Decimal, std::string>>& faelle);
 
 }  // namespace sw::test
