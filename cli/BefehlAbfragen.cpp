@@ -1,4 +1,4 @@
-// sw-cli count FROM TO | primes FROM TO | next N | prev N | isprime N | factor N
+// sw-cli count FROM TO | primes FROM TO | next N | prev N | isprime N
 // Each question builds (or loads) the raster it needs: by default the smallest one that
 // answers it exactly; with --limit or --block the user's, and a question beyond that raster
 // is refused rather than answered wrongly.
@@ -151,27 +151,6 @@ void primTest(const Frage& f) {
     ausgeben(f, j, prim ? "prime" : "composite");
 }
 
-void zerlegen(const Frage& f) {
-    const Decimal n = ZahlLesen(f.zahlen[0], "N");
-    if (n.IstNull()) throw CliFehler("factor: 0 has no prime factorisation");
-    RasterBereitstellen(f.raster, wurzelGrenze(n, "factor"));
-    const std::string faktoren = FaktorenText(n);
-    if (!faktoren.empty() && faktoren.back() == '?') {
-        throw CliFehler("factor: the raster up to " + PrimaerGrenze.Text() + " cannot prove the last factor of " +
-                        n.Text() + " prime; a limit of " + (GanzeWurzel(n) + Decimal(1)).Text() + " can");
-    }
-    JsonObjekt j;
-    std::string liste;
-    for (size_t a = 0; a < faktoren.size();) {
-        size_t b = faktoren.find('x', a);
-        if (b == std::string::npos) b = faktoren.size();
-        liste += (liste.empty() ? "" : ",") + faktoren.substr(a, b - a);
-        a = b + 1;
-    }
-    j.Zahl("n", n).Text("text", faktoren).Roh("factors", "[" + liste + "]");
-    ausgeben(f, j, n.Text() + " = " + (faktoren.empty() ? "1" : faktoren));
-}
-
 void anmelden(CLI::App& app, std::function<void()>& auftrag, const char* name, const char* hilfe, std::vector<const char*> zahlen,
               void (*ausfuehren)(const Frage&)) {
     auto f = std::make_shared<Frage>();
@@ -192,7 +171,6 @@ void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     anmelden(app, auftrag, "next", "the smallest prime greater than N", {"N"}, naechste);
     anmelden(app, auftrag, "prev", "the greatest prime smaller than N", {"N"}, vorherige);
     anmelden(app, auftrag, "isprime", "whether N is prime", {"N"}, primTest);
-    anmelden(app, auftrag, "factor", "the prime factors of N", {"N"}, zerlegen);
 }
 
 }  // namespace sw::cli

@@ -12,8 +12,10 @@ namespace sw::cli {
 
 // sieve: builds the primary raster by one of the seven methods, counts it, saves it.
 void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
-// count, primes, next, prev, isprime, factor: questions put to a raster.
+// count, primes, next, prev, isprime: questions put to a raster.
 void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// factor: the prime factors of a number of any size.
+void FaktorBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // eval: evaluates a formula and prints its value and digit count.
 void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 

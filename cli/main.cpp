@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
     std::function<void()> auftrag;
     SiebBefehlAnmelden(app, auftrag);
     AbfrageBefehleAnmelden(app, auftrag);
+    FaktorBefehlAnmelden(app, auftrag);
     EvalBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
 

@@ -1,5 +1,6 @@
 #include "sieve/basSiebwerk.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <fstream>
@@ -141,6 +142,74 @@ Decimal PrimAnzahl(const Decimal& von, const Decimal& bis) {
     return anzahl;
 }
 
+namespace {
+
+// Trial division of rest by the raster's primes from 7 on, word by word up to word bisWort,
+// appending "x" and each prime divided out. Ends early, true, when the rest is 1 or (below the
+// limit) prime, the prime appended; also true, with the rest appended, once a prime passes
+// halbe (when given): below the limit that means the rest is prime. False when the words ran
+// out; the rest is then left to the caller.
+bool rasterProbe(Decimal& rest, std::string& text, int64_t bisWort, const Decimal* halbe) {
+    bisWort = std::min<int64_t>(bisWort, RasterLetzterIndex);
+    const Decimal::BetragTyp halbeWert = halbe ? halbe->Betrag() : 0;
+    // Most trials fail; while the rest fits a machine word, the test is one 64-bit remainder
+    // instead of the three divisions of a Decimal's.
+    bool wort64 = rest.Hi32 == 0;
+    uint64_t rest64 = uint64_t(rest.Betrag());
+    for (int64_t k = 0; k <= bisWort; ++k) {
+        for (uint32_t frei = ~PrimaerRaster[size_t(k)]; frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const int64_t p = RasterSpanne * k + RasterRest[i + 1];
+            if (p < 7) continue;  // 1 has a bit but divides nothing out
+            if (halbe && Decimal::BetragTyp(p) > halbeWert) {
+                text += "x" + rest.Text();
+                return true;
+            }
+            if (wort64 ? rest64 % uint64_t(p) != 0 : aModDec32(&rest, int32_t(p)) != 0) continue;
+            do {
+                aDivDec32(&rest, int32_t(p));
+                text += "x" + std::to_string(p);
+            } while (aModDec32(&rest, int32_t(p)) == 0);
+            wort64 = rest.Hi32 == 0;
+            rest64 = uint64_t(rest.Betrag());
+            // The raster answers for a rest below the limit only.
+            if (rest < PrimaerGrenze) {
+                if (rest == Decimal(1)) return true;
+                if (IstPrim(rest)) {
+                    text += "x" + rest.Text();
+                    return true;
+                }
+            }
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+void FaktorPrimaer(Decimal& rest, std::string& text) {
+    // A composite rest has a prime factor up to its root, so passing half of it (the bound
+    // kept for the program's sake) only happens to a prime rest, which is appended.
+    const Decimal halbe = rest / Decimal(2);
+    if (!rasterProbe(rest, text, RasterLetzterIndex, &halbe)) text += "x" + rest.Text();
+    rest = 1;
+}
+
+void FaktorSekundaer(Decimal& rest, std::string& text) {
+    // The walk ends at the word of the root of the rest, fixed at the start (the double root
+    // errs by far less than a word), or at the raster's end.
+    const int64_t bisWort = int64_t(std::sqrt(rest.Double()) / RasterSpanne);
+    if (rasterProbe(rest, text, bisWort, nullptr)) {
+        rest = 1;
+        return;
+    }
+    text += "x" + rest.Text();
+    // Beyond the square of the limit the walk could not reach the root: unproved.
+    if (rest > PrimaerQuadrat) text += "?";
+    rest = 1;
+}
+
 std::string FaktorenText(const Decimal& n) {
     if (n < Decimal(1)) {
         // Zero is divisible by everything and negative numbers have no factorisation here:
@@ -155,59 +224,16 @@ std::string FaktorenText(const Decimal& n) {
             text += "x" + std::to_string(klein);
         }
     }
-    auto ergebnis = [&text]() { return text.empty() ? text : text.substr(1); };
-    if (rest == Decimal(1)) return ergebnis();
-    if (rest < PrimaerGrenze && IstPrim(rest)) {
+    if (rest == Decimal(1)) {
+        // nothing left
+    } else if (rest >= PrimaerGrenze) {
+        FaktorSekundaer(rest, text);
+    } else if (IstPrim(rest)) {
         text += "x" + rest.Text();
-        return ergebnis();
-    }
-
-    // Trial division by the primes of the raster, word by word. Below the limit the trial
-    // ends at half the rest; above it at the word of the square root, fixed at the start.
-    const bool unterGrenze = rest < PrimaerGrenze;
-    int64_t bisWort;
-    Decimal haelfte;
-    if (unterGrenze) {
-        haelfte = rest / Decimal(2);
-        bisWort = RasterLetzterIndex;
     } else {
-        bisWort = int64_t(std::sqrt(rest.Double()) / RasterSpanne);
-        if (bisWort > RasterLetzterIndex) bisWort = RasterLetzterIndex;
+        FaktorPrimaer(rest, text);
     }
-    // Most trials fail; while the rest fits a machine word, the test is one 64-bit remainder
-    // instead of the three divisions of a Decimal's.
-    const Decimal::BetragTyp haelfteWert = haelfte.Betrag();
-    bool wort64 = rest.Hi32 == 0;
-    uint64_t rest64 = uint64_t(rest.Betrag());
-    for (int64_t k = 0; k <= bisWort; ++k) {
-        for (uint32_t frei = ~PrimaerRaster[size_t(k)]; frei;) {
-            const int i = __builtin_clz(frei);
-            frei &= ~(0x80000000u >> i);
-            const int64_t p = RasterSpanne * k + RasterRest[i + 1];
-            if (p < 7) continue;  // 1 has a bit but divides nothing out
-            if (unterGrenze && Decimal::BetragTyp(p) > haelfteWert) {
-                text += "x" + rest.Text();
-                return ergebnis();
-            }
-            if (wort64 ? rest64 % uint64_t(p) != 0 : aModDec32(&rest, int32_t(p)) != 0) continue;
-            do {
-                aDivDec32(&rest, int32_t(p));
-                text += "x" + std::to_string(p);
-            } while (aModDec32(&rest, int32_t(p)) == 0);
-            wort64 = rest.Hi32 == 0;
-            rest64 = uint64_t(rest.Betrag());
-            if (rest < PrimaerGrenze) {
-                if (rest == Decimal(1)) return ergebnis();
-                if (IstPrim(rest)) {
-                    text += "x" + rest.Text();
-                    return ergebnis();
-                }
-            }
-        }
-    }
-    text += "x" + rest.Text();
-    if (rest > PrimaerQuadrat) text += "?";
-    return ergebnis();
+    return text.empty() ? text : text.substr(1);
 }
 
 int32_t MersenneNaechsterExponent(int32_t n) {

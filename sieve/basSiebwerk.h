@@ -18,7 +18,17 @@ Decimal NaechstePrim(const Decimal& n);      // smallest prime > n, 0 beyond the
 int32_t NaechstePrimLong(int32_t n);
 Decimal VorherigePrim(const Decimal& n);     // greatest prime < n, 0 if none
 Decimal PrimAnzahl(const Decimal& von, const Decimal& bis);  // whole words by popcount
-std::string FaktorenText(const Decimal& n);  // "2x2x3x7"; "?" behind an unproved last factor
+// The prime factors as text, "2x2x3x7": 2, 3 and 5 by hand, then trial division by the
+// raster; a "?" at the end marks a last factor the raster could not prove prime (it lies
+// beyond the square of the limit). 1 gives "". 0 and negative numbers are Laufzeitfehler 5.
+std::string FaktorenText(const Decimal& n);
+// The factorisation window asks the same question under this name; one logic answers both.
+inline std::string FaktorText(const Decimal& n) { return FaktorenText(n); }
+// The two trial walks behind it, for a rest free of 2, 3 and 5 that is not 1: below the limit
+// and not prime (FaktorPrimaer), or at or above the limit (FaktorSekundaer). Each appends "x"
+// and every factor to text, the last rest included, and leaves rest at 1.
+void FaktorPrimaer(Decimal& rest, std::string& text);
+void FaktorSekundaer(Decimal& rest, std::string& text);
 int32_t MersenneNaechsterExponent(int32_t n);
 // Method 3: the block file of the limit, else a larger one cut down, else SiebProdukt.
 void BereichBeschaffen();

@@ -1,0 +1,99 @@
+#include "primality/EcmSuche.h"
+
+#include <ecm.h>
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+#include <vector>
+
+#include "primality/HypMpz.h"
+
+namespace sw {
+
+namespace {
+
+constexpr EcmStufe kLeiter[] = {
+    {2e3, 25, 15},      {11e3, 90, 20},     {5e4, 300, 25},     {25e4, 700, 30},
+    {1e6, 1800, 35},    {3e6, 5100, 40},    {11e6, 10600, 45},  {43e6, 19300, 50},
+    {11e7, 49000, 55},  {26e7, 124000, 60}, {85e7, 210000, 65},
+};
+
+// The library's stop hook takes no argument; the running curve's question waits here, one
+// per thread. Helper threads never ask the caller's question (it may touch the event loop);
+// they read the flag the calling thread sets once its question said stop.
+thread_local const std::function<bool()>* laufenderStopp = nullptr;
+std::atomic<bool> helferStopp{false};
+
+int stoppHaken() {
+    if (!laufenderStopp) return helferStopp.load(std::memory_order_relaxed) ? 1 : 0;
+    if (!(*laufenderStopp)()) return 0;
+    helferStopp.store(true, std::memory_order_relaxed);
+    return 1;
+}
+
+int32_t kerne() {
+    static const int32_t anzahl = int32_t(std::clamp(std::thread::hardware_concurrency(), 1u, 16u));
+    return anzahl;
+}
+
+// The parameter block of one curve: fresh defaults, the repeatable random source, no output.
+class EcmParameter {
+  public:
+    explicit EcmParameter(uint64_t saat) {
+        ecm_init(p_);
+        gmp_randseed_ui(p_->rng, static_cast<unsigned long>(saat));
+        p_->stop_asap = stoppHaken;
+    }
+    ~EcmParameter() { ecm_clear(p_); }
+    EcmParameter(const EcmParameter&) = delete;
+    EcmParameter& operator=(const EcmParameter&) = delete;
+    ecm_params_ptr get() { return p_; }
+
+  private:
+    ecm_params p_;
+};
+
+}  // namespace
+
+int32_t EcmStufenAnzahl() { return int32_t(sizeof kLeiter / sizeof kLeiter[0]); }
+const EcmStufe& EcmStufeNr(int32_t i) { return kLeiter[i]; }
+
+bool EcmKurve(mpz_ptr faktor, mpz_srcptr n, double b1, uint64_t saat, const std::function<bool()>& stopp) {
+    EcmParameter p(saat);
+    const std::function<bool()>* vorher = laufenderStopp;
+    laufenderStopp = stopp ? &stopp : nullptr;
+    Mpz zahl;
+    mpz_set(zahl, n);  // the library takes a non-const number
+    const int ergebnis = ecm_factor(faktor, zahl, b1, p.get());
+    laufenderStopp = vorher;
+    // The curve may also find all factors at once (faktor = n), which splits nothing.
+    return ergebnis > 0 && mpz_cmp_ui(faktor, 1) > 0 && mpz_cmp(faktor, n) < 0;
+}
+
+EcmErgebnis EcmKurvenParallel(mpz_ptr faktor, mpz_srcptr n, double b1, uint64_t saat, int32_t anzahl,
+                          const std::function<bool()>& stopp) {
+    const int32_t breite = std::min(anzahl, kerne());
+    if (breite <= 1) return {1, EcmKurve(faktor, n, b1, saat, stopp)};
+    helferStopp.store(false);
+    std::vector<Mpz> faktoren(static_cast<size_t>(breite));
+    std::vector<char> treffer(size_t(breite), 0);
+    std::vector<std::thread> helfer;
+    const std::function<bool()> nieFragen;  // empty: helpers read the flag instead
+    for (int32_t i = 1; i < breite; ++i) {
+        helfer.emplace_back([&, i] {
+            treffer[size_t(i)] = EcmKurve(faktoren[size_t(i)], n, b1, saat + uint64_t(i), nieFragen);
+        });
+    }
+    treffer[0] = EcmKurve(faktoren[0], n, b1, saat, stopp);
+    for (std::thread& t : helfer) t.join();
+    for (int32_t i = 0; i < breite; ++i) {
+        if (treffer[size_t(i)]) {
+            mpz_set(faktor, faktoren[size_t(i)]);
+            return {i + 1, true};
+        }
+    }
+    return {breite, false};
+}
+
+}  // namespace sw
