@@ -7,6 +7,8 @@
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
 #include "windows/frmAnzeige.h"
+#include "windows/frmFaktor.h"
+#include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmZufall.h"
@@ -19,6 +21,16 @@ template <typename W>
 FensterFabrik modeless() {
     return [](int modus, QWidget*) {
         auto* w = new W();
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        w->ShowMe(modus);
+    };
+}
+
+// A window that belongs to the cockpit: it stays above it and goes with it.
+template <typename W>
+FensterFabrik mitBesitzer() {
+    return [](int modus, QWidget* cockpit) {
+        auto* w = new W(cockpit);
         w->setAttribute(Qt::WA_DeleteOnClose);
         w->ShowMe(modus);
     };
@@ -40,6 +52,8 @@ std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
+        {"frmFaktor", mitBesitzer<frmFaktor>()},
+        {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmZufall", modal<frmZufall>()},

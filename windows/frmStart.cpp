@@ -236,6 +236,7 @@ void frmStart::menuesAufbauen() {
     auto* extras = Benannt(menuBar()->addMenu(QString()), "mnuExtras");
     auto* primModify = aktion(extras, "mnuPrimModify");
     auto* primTest = aktion(extras, "mnuPrimzahlTest");
+    auto* faktorAnzeige = aktion(extras, "mnuFaktorAnzeige");
     mnuMersenne_ = Benannt(new QMenu(extras), "mnuMersenne");
     extras->addMenu(mnuMersenne_);
     extras->addSeparator();
@@ -249,12 +250,16 @@ void frmStart::menuesAufbauen() {
                 AktivesFenster = beschriftung(primTest).toStdString();
                 FensterOeffnen("frmPrimzahlTest", -1, this);
             }));
+    connect(faktorAnzeige, &QAction::triggered, this, Sicher([this, faktorAnzeige] {
+                AktivesFenster = beschriftung(faktorAnzeige).toStdString();
+                FensterOeffnen("frmFaktorAnzeige", -1, this);
+            }));
     connect(speicher, &QAction::triggered, this, Sicher([this, speicher] {
                 AktivesFenster = beschriftung(speicher).toStdString();
                 FensterOeffnen("frmSpeicherAuslastung", -1, this);
             }));
     connect(alleZu, &QAction::triggered, this, Sicher([this] { AlleFensterSchliessen(); }));
-    laufSperre_ = {laden, mnuSpeichern_, sekSpeichern, primModify, primTest, mnuMersenne_->menuAction()};
+    laufSperre_ = {laden, mnuSpeichern_, sekSpeichern, primModify, primTest, faktorAnzeige, mnuMersenne_->menuAction()};
 
     auto* benutzer = Benannt(menuBar()->addMenu(QString()), "mnuBenutzer");
     const std::pair<const char*, int> seiten[] = {

@@ -1,0 +1,166 @@
+#include "windows/frmFaktorAnzeige.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "arith/HypText.h"
+#include "arith/basHyper.h"
+#include "frame/Oberflaeche.h"
+#include "frame/Zahlformat.h"
+#include "frame/basZentral.h"
+#include "windows/OberflaecheDesktop.h"
+#include "windows/Steuerelemente.h"
+
+namespace sw {
+
+namespace {
+
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+const char* artSchluessel(FaktorArt art) {
+    switch (art) {
+        case FaktorArt::Bewiesen: return "Bewiesen";
+        case FaktorArt::Wahrscheinlich: return "Wahrscheinlich";
+        case FaktorArt::Zusammengesetzt: break;
+    }
+    return "Zusammengesetzt";
+}
+
+}  // namespace
+
+frmFaktorAnzeige::frmFaktorAnzeige(QWidget* eltern) : Fenster("frmFaktorAnzeige", eltern) {
+    setWindowFlag(Qt::Window);
+    auto* mitte = new QWidget(this);
+    auto* lay = new QVBoxLayout(mitte);
+    auto* zeile = new QHBoxLayout;
+    zeile->addWidget(Benannt(new QLabel(mitte), "lblZahl"));
+    txtZahl_ = Benannt(new QLineEdit("2^128+1", mitte), "txtZahl");
+    zeile->addWidget(txtZahl_, 1);
+    btnGo_ = Benannt(new QPushButton("Zerlegen", mitte), "btnGo");
+    btnGo_->setDefault(true);
+    zeile->addWidget(btnGo_);
+    lay->addLayout(zeile);
+    lblStufe_ = Benannt(new QLabel(mitte), "lblStufe");
+    lay->addWidget(lblStufe_);
+    prgKurven_ = Benannt(new QProgressBar(mitte), "prgKurven");
+    prgKurven_->setVisible(false);
+    lay->addWidget(prgKurven_);
+    liste_ = Benannt(new QListWidget(mitte), "List1");
+    lay->addWidget(liste_, 1);
+    lblStatus_ = Benannt(new QLabel(mitte), "lblStatus");
+    lblStatus_->setWordWrap(true);
+    lay->addWidget(lblStatus_);
+    setCentralWidget(mitte);
+
+    connect(btnGo_, &QPushButton::clicked, this, Sicher([this] { StartStop(); }));
+    connect(txtZahl_, &QLineEdit::returnPressed, this, Sicher([this] {
+                if (!laeuft_) StartStop();
+            }));
+
+    IconsAufbauen("");
+    FensterLaden(q(AktivesFenster));
+    liste_->clear();
+    lblStufe_->clear();
+    setMinimumSize(560, 400);
+}
+
+frmFaktorAnzeige* frmFaktorAnzeige::Oeffnen(const QString& zahl, QWidget* eltern) {
+    auto* w = new frmFaktorAnzeige(eltern);
+    w->setAttribute(Qt::WA_DeleteOnClose);
+    w->txtZahl_->setText(zahl);
+    w->ShowMe(-1);
+    // The job starts once the window stands, from the event loop, not inside the caller.
+    QTimer::singleShot(0, w, Sicher([w] { w->StartStop(); }));
+    return w;
+}
+
+void frmFaktorAnzeige::StartStop() {
+    std::string caption = btnGo_->text().toStdString();
+    QString ruhe = SektionsText("btnGo");
+    if (ruhe.isEmpty()) ruhe = "Zerlegen";
+    const bool stoppen = StartStopUmschalten(caption, ruhe.toStdString());
+    btnGo_->setText(q(caption));
+    if (stoppen || laeuft_) return;
+    laeuft_ = true;
+    // However the job ends (also by an error, which the handler's guard then shows), the
+    // window comes back to rest, and closes if it was closed meanwhile.
+    struct Ruhe {
+        frmFaktorAnzeige* w;
+        QString text;
+        ~Ruhe() {
+            w->laeuft_ = false;
+            w->btnGo_->setText(text);
+            w->prgKurven_->setVisible(false);
+            if (w->schliessen_) QTimer::singleShot(0, w, &QWidget::close);
+        }
+    } ruheWieder{this, ruhe};
+    zerlegen();
+}
+
+void frmFaktorAnzeige::zerlegen() {
+    // The field as the program writes a formula field; a formula that fails has shown why.
+    const std::optional<std::string> feld = FormelFeldText(txtZahl_->text().toStdString());
+    if (!feld) return;
+    txtZahl_->setText(q(*feld));
+    const Hyp n = Formel2Hyp(*feld);
+    liste_->clear();
+    lblStatus_->clear();
+    const double start = Timer();
+    FaktorOptionen opt;
+    if (PrimaerGrenze > Decimal(0)) opt.probeGrenze = uint64_t(PrimaerGrenze.AlsInt64());
+    const Zerlegung z = Zerlegen(n, opt, this);
+    liste_->addItem(q(ZiffernGruppieren(Hyp2Text(n)) + " ="));
+    ergebnisZeigen(z, Timer() - start);
+}
+
+void frmFaktorAnzeige::ergebnisZeigen(const Zerlegung& z, double sekunden) {
+    for (const Primfaktor& f : z.faktoren) {
+        std::string zeile = ZiffernGruppieren(Hyp2Text(f.wert));
+        if (f.exponent > 1) zeile += " ^ " + std::to_string(f.exponent);
+        liste_->addItem(q(zeile) + "   " + SektionsText(artSchluessel(f.art)));
+    }
+    QString status = SektionsText(z.abgebrochen          ? "Abgebrochen"
+                                  : !z.Vollstaendig()    ? "Unzerlegt"
+                                  : z.Bewiesen()         ? "AllesBewiesen"
+                                                         : "Vollstaendig");
+    status.replace("#P1", q(ZahlFormat(sekunden)));
+    lblStatus_->setText(status);
+    prgKurven_->setVisible(false);
+}
+
+void frmFaktorAnzeige::StandMelden(const FaktorStand& stand) {
+    static const char* const schluessel[] = {"StufeProbe", "StufeRho", "StufeEcm", "StufeBeweis", "StufeFertig"};
+    QString text = SektionsText(schluessel[int(stand.stufe)]);
+    text.replace("#P1", QString::number(stand.stellen));
+    text.replace("#P2", q(ZahlFormat(stand.b1)));
+    text.replace("#P3", QString::number(stand.kurve));
+    text.replace("#P4", QString::number(stand.kurven));
+    text.replace("#P5", QString::number(stand.gefunden));
+    lblStufe_->setText(text);
+    const bool ecm = stand.stufe == FaktorStufe::Ecm;
+    prgKurven_->setVisible(ecm);
+    if (ecm) {
+        prgKurven_->setRange(0, stand.kurven);
+        prgKurven_->setValue(stand.kurve);
+    }
+}
+
+void frmFaktorAnzeige::closeEvent(QCloseEvent* e) {
+    if (laeuft_) {
+        // The job runs on this window's stack: it is stopped, and the window closes after it.
+        Abbruch = true;
+        schliessen_ = true;
+        e->ignore();
+        return;
+    }
+    Fenster::closeEvent(e);
+}
+
+}  // namespace sw

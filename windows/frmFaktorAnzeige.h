@@ -1,0 +1,48 @@
+// frmFaktorAnzeige: factors one number of any size completely. The number is a formula field;
+// the list shows each prime with its exponent and whether it is proved, and the window shows
+// the running stage (trial division, rho, the ECM level and its curves). The start button
+// stops the job at any moment, keeping what was found; the list is saved by the toolbar.
+#pragma once
+
+#include "primality/Faktorisierung.h"
+#include "windows/Fenster.h"
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+
+namespace sw {
+
+class frmFaktorAnzeige : public Fenster, private FaktorBeobachter {
+    Q_OBJECT
+public:
+    explicit frmFaktorAnzeige(QWidget* eltern = nullptr);
+
+    // A new window for zahl, factoring at once.
+    static frmFaktorAnzeige* Oeffnen(const QString& zahl, QWidget* eltern);
+
+    // btnGo: starts, or stops the running job.
+    void StartStop();
+    bool Laeuft() const { return laeuft_; }
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    void StandMelden(const FaktorStand& stand) override;
+    void zerlegen();
+    void ergebnisZeigen(const Zerlegung& z, double sekunden);
+
+    QLineEdit* txtZahl_;
+    QPushButton* btnGo_;
+    QListWidget* liste_;
+    QLabel* lblStufe_;
+    QLabel* lblStatus_;
+    QProgressBar* prgKurven_;
+    bool laeuft_ = false;
+    bool schliessen_ = false;  // closed while running: close once the job has ended
+};
+
+}  // namespace sw
