@@ -19,6 +19,16 @@ constexpr EcmStufe kLeiter[] = {
     {11e7, 49000, 55},  {26e7, 124000, 60}, {85e7, 210000, 65},
 };
 
+constexpr double kBatchBisB1 = 3e6;
+
+// splitmix64: neighbouring seeds give unrelated curve parameters.
+uint64_t mischen(uint64_t x) {
+    x += 0x9E3779B97F4A7C15ull;
+    x = (x ^ (x >> 30)) * 0xBF58476D1CE4E5B9ull;
+    x = (x ^ (x >> 27)) * 0x94D049BB133111EBull;
+    return x ^ (x >> 31);
+}
+
 // The library's stop hook takes no argument; the running curve's question waits here, one
 // per thread. Helper threads never ask the caller's question (it may touch the event loop);
 // they read the flag the calling thread sets once its question said stop.
@@ -40,10 +50,26 @@ int32_t kerne() {
 // The parameter block of one curve: fresh defaults, the repeatable random source, no output.
 class EcmParameter {
   public:
-    explicit EcmParameter(uint64_t saat) {
+    EcmParameter(double b1, uint64_t saat) {
         ecm_init(p_);
-        gmp_randseed_ui(p_->rng, static_cast<unsigned long>(saat));
+        // The curve is chosen here, not by the library's random source (which it seeds from
+        // the clock): the same seed gives the same curve, so a run is repeatable. Up to a few
+        // million, the batch curves (a = 4 i^2 - 2) are the fastest; beyond, the product of
+        // all primes up to B1 they need grows large, and Suyama's curves take over.
+        const uint64_t h = mischen(saat);
+        if (b1 <= kBatchBisB1) {
+            p_->param = ECM_PARAM_BATCH_SQUARE;
+            mpz_set_ui(p_->sigma, 2 + static_cast<unsigned long>(h % 0xFFFFFFFDull));
+        } else {
+            p_->param = ECM_PARAM_SUYAMA;
+            mpz_set_ui(p_->sigma, 6 + static_cast<unsigned long>(h % 0xFFFFFFF0ull));
+        }
         p_->stop_asap = stoppHaken;
+        // The library's special arithmetic for factors of 2^n +- 1 keeps its buffers in static
+        // variables, which two curves running side by side would share; the general
+        // arithmetic has no such state.
+        p_->repr = ECM_MOD_NOBASE2;
+        p_->nobase2step2 = 1;
     }
     ~EcmParameter() { ecm_clear(p_); }
     EcmParameter(const EcmParameter&) = delete;
@@ -60,7 +86,7 @@ int32_t EcmStufenAnzahl() { return int32_t(sizeof kLeiter / sizeof kLeiter[0]); 
 const EcmStufe& EcmStufeNr(int32_t i) { return kLeiter[i]; }
 
 bool EcmKurve(mpz_ptr faktor, mpz_srcptr n, double b1, uint64_t saat, const std::function<bool()>& stopp) {
-    EcmParameter p(saat);
+    EcmParameter p(b1, saat);
     const std::function<bool()>* vorher = laufenderStopp;
     laufenderStopp = stopp ? &stopp : nullptr;
     Mpz zahl;

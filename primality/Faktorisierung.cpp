@@ -67,7 +67,14 @@ class Zerleger {
             }
             bearbeiten(t, teile);
         }
-        for (Teil& t : teile) gefunden_.push_back({t.wert, FaktorArt::Zusammengesetzt});
+        // Parts left by a stop: a prime among them is still named as one (the test is cheap).
+        for (Teil& t : teile) {
+            if (BpswTest(t.wert)) {
+                primzahl(t.wert, artVon(t.wert));
+            } else {
+                gefunden_.push_back({t.wert, FaktorArt::Zusammengesetzt});
+            }
+        }
         stand_.stufe = FaktorStufe::Fertig;
         melden();
         return ergebnis(!teile.empty() && Abbruch);

@@ -42,10 +42,10 @@ bool NMinusEinsBeweis(mpz_srcptr n, int32_t tiefe) {
 
     Mpz nMinus1;
     mpz_sub_ui(nMinus1, n, 1);
-    // The effort is bounded: the first ECM level (factors to about 15 digits) in the chain,
-    // one more at the top.
+    // The effort is bounded: two ECM levels (factors to about 20 digits) near the top of the
+    // chain, one below.
     FaktorOptionen opt;
-    opt.ecmStufen = tiefe == 0 ? 2 : 1;
+    opt.ecmStufen = tiefe < 2 ? 2 : 1;
     opt.beweisTiefe = tiefe + 1;
     const Zerlegung z = Zerlegen(MpzZuHyp(nMinus1), opt);
     if (z.abgebrochen) return false;
