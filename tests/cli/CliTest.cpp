@@ -44,13 +44,10 @@ TEST_F(Cli, Antworten) {
         {"isprime 1000000007", "prime\n"},
         {"isprime 1", "composite\n"},
         {"isprime 999999999999999989", "prime\n"},
-        {"factor 600851475143", "600851475143 = 71x839x1471x6857\n"},
-        {"factor 1", "1 = 1\n"},
         {"count 10 100 --json", "{\"from\":10,\"to\":100,\"count\":21,\"limit\":1000}\n"},
         {"primes 0 10 --json", "{\"from\":0,\"to\":10,\"limit\":1000,\"primes\":[2,3,5,7],\"count\":4}\n"},
         {"prev 2 --json", "{\"n\":2,\"prev\":null,\"limit\":1000}\n"},
         {"isprime 97 --json", "{\"n\":97,\"prime\":true,\"limit\":1000}\n"},
-        {"factor 84 --json", "{\"n\":84,\"text\":\"2x2x3x7\",\"factors\":[2,2,3,7],\"limit\":1000}\n"},
         // Beyond the primary raster: 2^32 .. 2^32 + 10^6, and just above GrenzeLong, where
         // the windows take over.
         {"count 4294967296 4295967296", "45038\n"},
@@ -102,7 +99,6 @@ TEST_F(Cli, BlockDateien) {
     EXPECT_NE(m3.aus.find("\"primes\":78498"), std::string::npos) << m3.aus;
     Abgelehnt("count 2 2e6 --block '" + Ordner() + "P061.BLK'", "beyond");
     Abgelehnt("isprime 1000000000039 --block '" + Ordner() + "P061.BLK'", "beyond");
-    Abgelehnt("factor 1000000000039 --limit 1000", "cannot prove");
     Abgelehnt("next 999983 --limit 1e6", "no prime above");
 
     std::ofstream(Ordner() + "ungerade.BLK") << "12345";
@@ -116,7 +112,7 @@ TEST_F(Cli, FalscheEingaben) {
     const std::pair<const char*, const char*> faelle[] = {
         {"count x 10", "not a whole"}, {"count 10 1", "greater than"}, {"primes 10 1", "greater than"},
         {"isprime -7", ""}, {"isprime 2.5", ""}, {"isprime 1.5e0", "whole number"}, {"isprime 1e40", "too large"},
-        {"factor 0", "no prime factorisation"}, {"sieve 999", "1.000"}, {"sieve 3e9 --method 1", "2.000.000.000"},
+{"sieve 999", "1.000"}, {"sieve 3e9 --method 1", "2.000.000.000"},
         {"sieve 1e12 --method 0", ""},  // word indices beyond 32 bits
         {"sieve 1e6 --method 7", ""}, {"count 2 10 --limit 999", "1.000"},
         {"count 2 10 --limit 1e6 --block x", "exclude"}, {"frobnicate", ""}, {"next 1e30", "too large"},
