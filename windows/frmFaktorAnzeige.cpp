@@ -113,9 +113,9 @@ void frmFaktorAnzeige::zerlegen() {
     liste_->clear();
     lblStatus_->clear();
     const double start = Timer();
-    FaktorOptionen opt;
-    if (PrimaerGrenze > Decimal(0)) opt.probeGrenze = uint64_t(PrimaerGrenze.AlsInt64());
-    const Zerlegung z = Zerlegen(n, opt, this);
+    // Trial division stops at a million even with a larger raster: rho and the curves find
+    // the primes beyond faster than a walk through millions of them.
+    const Zerlegung z = Zerlegen(n, FaktorOptionen{}, this);
     liste_->addItem(q(ZiffernGruppieren(Hyp2Text(n)) + " ="));
     ergebnisZeigen(z, Timer() - start);
 }

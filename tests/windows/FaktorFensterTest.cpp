@@ -96,5 +96,25 @@ TEST_F(FaktorFensterTest, AnzeigeZerlegtEineFormel) {
     EXPECT_EQ(Suche<QPushButton>("btnGo")->text(), "Zerlegen");
 }
 
+// The start button stops a running job at its next yield; what was found stays, the rest is
+// listed as composite.
+TEST_F(FaktorFensterTest, StoppBehaeltGefundenes) {
+    ASSERT_TRUE(FensterOeffnen("frmFaktorAnzeige", -1, nullptr));
+    static frmFaktorAnzeige* fenster;
+    fenster = Offen<frmFaktorAnzeige>();
+    ASSERT_NE(fenster, nullptr);
+    Suche<QLineEdit>("txtZahl")->setText("1000003*(2^64+1)");
+    ui.beiDoEvents = [] {
+        if (fenster->Laeuft()) fenster->StartStop();  // the click that arrives through the yield
+    };
+    Klick("btnGo");
+    ui.beiDoEvents = nullptr;
+    auto* liste = Suche<QListWidget>("List1");
+    EXPECT_FALSE(fenster->Laeuft());
+    ASSERT_GE(liste->count(), 2) << Meldungen();
+    EXPECT_TRUE(liste->item(liste->count() - 1)->text().contains("zusammengesetzt"));
+    EXPECT_TRUE(Suche<QLabel>("lblStatus")->text().startsWith("Angehalten"));
+}
+
 }  // namespace
 }  // namespace sw::test
