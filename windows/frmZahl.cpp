@@ -24,7 +24,7 @@ frmZahl::frmZahl(QWidget* eltern) : Fenster("frmZahl", eltern) {
     lblInhalt_->setWordWrap(true);
     lay->addWidget(lblInhalt_, 1);
     setCentralWidget(mitte);
-    FensterLaden(QString::fromStdString(AktivesFenster));
+    FensterLaden("Zahl im Detail");
     setMinimumWidth(380);
 }
 

@@ -19,7 +19,9 @@
 #include "GuiTestUmgebung.h"
 #include "frame/Einstellungen.h"
 #include "frame/Texte.h"
+#include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
 #include "sieve/basSiebwerk.h"
 #include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
@@ -143,14 +145,21 @@ TEST_F(CockpitTest, LimitFieldAndRefusedLimitsKeepTheRangeAndGiveTheButtonsBack)
         EXPECT_EQ(RasterLetzterIndex, 100000 / 120);
         EXPECT_TRUE(AlleKnoepfeFrei());
     }
-    // A number too large for any range: the error box.
-    ui.meldungen.clear();
-    Suche<QLineEdit>("txtGrenze")->setText(QString(40, '9'));
-    Starten(0);
-    ASSERT_FALSE(ui.meldungen.empty());
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
-    EXPECT_TRUE(AlleKnoepfeFrei());
-    EXPECT_EQ(PrimaerGrenze, Decimal(100000));
+    // Limits beyond any raster, within the number range and beyond it: the box names the
+    // largest limit and the memory, leaving the field did not fail, the range stands.
+    for (const QString& zuGross : {QString("300.000.000.000"), QString(40, '9')}) {
+        ui.meldungen.clear();
+        GrenzeTippen(zuGross);
+        Starten(0);
+        ASSERT_EQ(ui.meldungen.size(), 1u) << Meldungen();
+        const std::string& text = ui.meldungen[0].text;
+        EXPECT_EQ(ui.meldungen[0].titel, "SW - Info");
+        EXPECT_NE(text.find(ZahlFormat(GroessteGrenze())), std::string::npos) << text;
+        EXPECT_NE(text.find("GB"), std::string::npos) << text;
+        EXPECT_EQ(text.find("Nr."), std::string::npos) << text;
+        EXPECT_TRUE(AlleKnoepfeFrei());
+        EXPECT_EQ(PrimaerGrenze, Decimal(100000));
+    }
 }
 
 // A stand-in for a research window that does not exist yet.
@@ -176,7 +185,7 @@ TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
     // A window that is not built yet says so.
     Suche<QPushButton>("btnUntersuchung", 8)->click();
     ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Not implemented");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Nicht verfügbar");
 
     // Index 25 counts the primes of the range in the status line.
     GrenzeTippen("100000");
@@ -189,7 +198,7 @@ TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
     FensterAnmelden("frmFaktor", [](int, QWidget*) { throw Laufzeitfehler(FehlerDivisionDurchNull); });
     faktor->click();
     ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Fehler");
     EXPECT_NE(ui.meldungen[0].text.find("Nr.: 11"), std::string::npos);
     EXPECT_TRUE(AlleKnoepfeFrei());
 }

@@ -134,9 +134,9 @@ TEST_F(WerkzeugTest, TheHandlerGuardShowsErrorsAndLetsNothingEscape) {
     EXPECT_FALSE(Behandeln([] { throw std::bad_alloc(); }));
     EXPECT_FALSE(Behandeln([] { throw std::runtime_error("kaputt"); }));
     ASSERT_EQ(ui.meldungen.size(), 3u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Fehler");
     EXPECT_EQ(ui.meldungen[0].text, Text(FehlerTextKey) + "\nNr.: 6 " + FehlerBeschreibung(6));
-    EXPECT_EQ(ui.meldungen[1].titel, "SW - Memory");
+    EXPECT_EQ(ui.meldungen[1].titel, "SW - Speicher");
     EXPECT_NE(ui.meldungen[2].text.find("kaputt"), std::string::npos);
 }
 
