@@ -11,6 +11,8 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
 
 #include <filesystem>
 #include <fstream>
@@ -18,6 +20,7 @@
 
 #include "GuiTestUmgebung.h"
 #include "frame/Einstellungen.h"
+#include "frame/StoppUhr.h"
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
@@ -25,6 +28,9 @@
 #include "sieve/basSiebwerk.h"
 #include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
+#include "windows/Hilfe.h"
+#include "windows/OberflaecheDesktop.h"
+#include "windows/frmAnzeige.h"
 #include "windows/frmStart.h"
 
 namespace sw::test {
@@ -337,6 +343,92 @@ TEST_F(CockpitTest, PrimModifyStrikesOnlyUpToItsBound) {
     EXPECT_TRUE(IstPrim(Decimal(101 * 103)));  // no factor up to 100
     EXPECT_FALSE(IstPrim(Decimal(97 * 101)));
     EXPECT_TRUE(IstPrim(Decimal(97)));
+}
+
+
+// The desktop's yield with the boxes of the test: the close of the cockpit must come through a
+// real event loop, as it does when a person clicks during a run.
+struct DesktopMitAufzeichnung : OberflaecheDesktop {
+    explicit DesktopMitAufzeichnung(OberflaecheAufzeichnung& a) : aufzeichnung(a) {}
+    int Meldung(const std::string& titel, const std::string& text, MeldungsSymbol symbol,
+                MeldungsKnoepfe knoepfe) override {
+        return aufzeichnung.Meldung(titel, text, symbol, knoepfe);
+    }
+    OberflaecheAufzeichnung& aufzeichnung;
+};
+
+// Closing the cockpit while the raster is being built ends the program right behind the close
+// handler, not when the run has finished; the settings are written before.
+TEST_F(CockpitTest, ClosingTheCockpitDuringARunEndsTheProgramAtOnce) {
+    Cockpit();
+    GrenzeTippen("2.000.000");
+    bool beendet = false, imLauf = false;
+    SofortEndeHook = [&] {
+        if (beendet) return;
+        beendet = true;
+        imLauf = !Steuer<QPushButton>(cockpit_, "btnStart", 0)->isEnabled();
+    };
+    DesktopMitAufzeichnung desktop(ui);
+    OberflaecheSetzen(&desktop);
+    QTimer::singleShot(0, cockpit_, [this] { cockpit_->close(); });
+    Starten(0);
+    OberflaecheSetzen(&ui);
+    EXPECT_TRUE(beendet);
+    EXPECT_TRUE(imLauf);
+    EXPECT_EQ(IniLesen("Start", "txtGrenze"), "2000000");
+}
+
+// The stop watch opens with the first job, never empty at start, and never stays "running"
+// after the job.
+TEST_F(CockpitTest, TheStopWatchShowsJobsOnly) {
+    IniSchreiben("Start", "chkStoppUhr", "1");
+    Cockpit();
+    ASSERT_TRUE(StoppUhrAktiv);
+    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 0);
+    GrenzeTippen("100.000");
+    Starten(0);
+    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 1);
+    EXPECT_EQ(Suche<QLabel>("lblAufgabe")->text(), Suche<QPushButton>("btnStart", 0)->text().remove('&'));
+    EXPECT_FALSE(StoppUhr.laeuft);
+}
+
+// Every window that can be opened now has a help page under its key, F1 finds it, and the two
+// Collatz graphics carry their own captions.
+TEST_F(CockpitTest, EveryWindowHasItsHelpPage) {
+    Cockpit();
+    EXPECT_EQ(Suche<QPushButton>("btnUntersuchung", 20)->text(), "Balkengrafik");
+    EXPECT_EQ(Suche<QPushButton>("btnUntersuchung", 21)->text(), "Schrittgrafik");
+    GrenzeTippen("100.000");
+    Starten(0);
+    Suche<QPushButton>("btnUntersuchung", 22)->click();
+    auto* erste = Offen<frmAnzeige>();
+    QApplication::setActiveWindow(erste);
+    QTest::keyClick(erste, Qt::Key_F1);
+    EXPECT_TRUE(Suche<QTextBrowser>("txtSeite")->source().toLocalFile().endsWith("anzeige.html"));
+    for (int i = 0; i < UntersuchungAnzahl; ++i) {
+        const sw::Untersuchung& u = UntersuchungVon(i);
+        if (u.fenster && FensterVorhanden(u.fenster) && u.modus != 6) Suche<QPushButton>("btnUntersuchung", i)->click();
+    }
+    for (const char* menue : {"mnuPrimModify", "mnuSpeicherAuslastung"}) Suche<QAction>(menue)->trigger();
+    auto* anzeige = Offen<frmAnzeige>();
+    ASSERT_NE(anzeige, nullptr);
+    Steuer<QLineEdit>(anzeige, "txtEingabe", 0)->setText("1.000");
+    Steuer<QLineEdit>(anzeige, "txtEingabe", 1)->setText("1.000");
+    QTest::mouseClick(Steuer<QPushButton>(anzeige, "btnGO"), Qt::LeftButton);
+    QTest::mouseClick(Steuer<QPushButton>(anzeige, "btnSuchen"), Qt::LeftButton);
+    anzeige->ZahlZeigen(Decimal(1009));
+    HilfeInhalt();
+    int fenster = 0;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* f = qobject_cast<Fenster*>(w);
+        if (!f || !f->isVisible()) continue;
+        ++fenster;
+        EXPECT_NE(HilfeSeiteZu(f->HilfeKey()), nullptr) << f->objectName().toStdString() << ": "
+                                                        << f->HilfeKey().toStdString();
+    }
+    EXPECT_GE(fenster, 9);
+
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
 }
 
 }  // namespace
