@@ -152,7 +152,7 @@ TEST_F(AnzeigeFensterTest, ToolbarSavesPrimesPictureAndPrintsThePage) {
         ziel = QString::fromStdString(Ordner()) + name;
         Icon(fenster, "Foto")->click();
         QImage bild(name.contains('.') ? ziel : ziel + ".bmp");
-        EXPECT_EQ(bild.size(), Suche<QWidget>("picAnzeige")->size()) << name.toStdString();
+        EXPECT_EQ(bild.size(), Steuer<QWidget>(fenster, "picAnzeige")->size()) << name.toStdString();
     }
 
     const QString pdf = QString::fromStdString(Ordner()) + "seite.pdf";
@@ -191,9 +191,9 @@ TEST_F(AnzeigeFensterTest, RefusedInputNamesTheFieldAndKeepsTheRange) {
     for (const auto& f : faelle) {
         SCOPED_TRACE(std::string(f.anfang) + " / " + f.laenge);
         ui.meldungen.clear();
-        Suche<QLineEdit>("txtEingabe", 0)->setText(QString::fromUtf8(f.anfang));
-        Suche<QLineEdit>("txtEingabe", 1)->setText(QString::fromUtf8(f.laenge));
-        QTest::mouseClick(Suche<QPushButton>("btnGO"), Qt::LeftButton);
+        Steuer<QLineEdit>(fenster, "txtEingabe", 0)->setText(QString::fromUtf8(f.anfang));
+        Steuer<QLineEdit>(fenster, "txtEingabe", 1)->setText(QString::fromUtf8(f.laenge));
+        QTest::mouseClick(Steuer<QPushButton>(fenster, "btnGO"), Qt::LeftButton);
         ASSERT_EQ(ui.meldungen.size(), 1u) << Meldungen();
         const std::string& text = ui.meldungen[0].text;
         if (f.feld) {
@@ -212,11 +212,11 @@ TEST_F(AnzeigeFensterTest, RefusedInputNamesTheFieldAndKeepsTheRange) {
 // number coprime to 30 prime. The search says that a range must stand first.
 TEST_F(AnzeigeFensterTest, WithoutARangeTheWindowsSaySo) {
     frmAnzeige* fenster = Oeffnen(23);
-    QTest::mouseClick(Suche<QPushButton>("btnSuchen"), Qt::LeftButton);
+    QTest::mouseClick(Steuer<QPushButton>(fenster, "btnSuchen"), Qt::LeftButton);
     QTest::mouseClick(Steuer<QPushButton>(Offen<frmSuchen>(), "btnGO"), Qt::LeftButton);
     RasterBereit = false;
-    Suche<QLineEdit>("txtEingabe", 0)->setText("1.000");
-    QTest::mouseClick(Suche<QPushButton>("btnGO"), Qt::LeftButton);
+    Steuer<QLineEdit>(fenster, "txtEingabe", 0)->setText("1.000");
+    QTest::mouseClick(Steuer<QPushButton>(fenster, "btnGO"), Qt::LeftButton);
     ASSERT_EQ(ui.meldungen.size(), 2u) << Meldungen();
     EXPECT_EQ(ui.meldungen[0].text, Text(1113));
     EXPECT_EQ(ui.meldungen[1].text, Text(1110));
@@ -236,7 +236,7 @@ TEST_F(AnzeigeFensterTest, ModesKeepTheirFieldsAndTheWindowItsSizeAndBase) {
     EXPECT_EQ(fenster->size(), QSize(640, 480));
 
     ZahlenSystem = 16;
-    QTest::mouseClick(Suche<QPushButton>("btnGO"), Qt::LeftButton);
+    QTest::mouseClick(Steuer<QPushButton>(fenster, "btnGO"), Qt::LeftButton);
     EXPECT_TRUE(fenster->windowTitle().endsWith(QString::fromStdString(Text(177))));
     EXPECT_EQ(frmAnzeige::ZahlText(Decimal(255)), "FF");
     ZahlenSystem = 10;
