@@ -538,8 +538,8 @@ void Fenster::Drucken(QPrinter& drucker) {
 
 // ---- input fields ---------------------------------------------------------------------
 
-std::optional<Decimal> Fenster::ZahlEingabe(QLineEdit* feld, const QString& feldName, const Decimal& von,
-                                            const Decimal& bis) {
+std::optional<Decimal> ZahlEingabe(QLineEdit* feld, const QString& feldName, const Decimal& von,
+                                   const Decimal& bis) {
     const std::string text = feld->text().trimmed().toStdString();
     const std::string name = feldName.toStdString();
     const std::string erlaubt = TextP1P2(1107, ZahlFormat(von), ZahlFormat(bis));

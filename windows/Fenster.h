@@ -52,12 +52,6 @@ public:
     // row starts hidden; the "Font" icon shows and hides it.
     QWidget* SchriftAuswahlAnlegen(QWidget* ziel);
 
-    // Reads a whole number from an input field, grouped or not. Text that is no number, or a
-    // number outside von..bis, gets a box that names the field (feldName) and what it takes,
-    // and the field gets the focus: nothing then.
-    std::optional<Decimal> ZahlEingabe(QLineEdit* feld, const QString& feldName, const Decimal& von,
-                                       const Decimal& bis);
-
     // A window whose user may change its size stores Height and Width.
     virtual bool Groessenveraenderlich() const { return true; }
 
@@ -98,6 +92,11 @@ private:
     QToolBar* iconLeiste_ = nullptr;
     QWidget* schriftZeile_ = nullptr;
 };
+
+// Reads a whole number from an input field, grouped or not. Text that is no number, or a
+// number outside von..bis, gets a box that names the field (feldName) and what it takes, and
+// the field gets the focus: nothing then.
+std::optional<Decimal> ZahlEingabe(QLineEdit* feld, const QString& feldName, const Decimal& von, const Decimal& bis);
 
 // Back colour of a label as the old platform's number (0x00BBGGRR), and setting it.
 long long HintergrundFarbe(const QWidget* w);

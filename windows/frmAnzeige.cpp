@@ -52,7 +52,10 @@ int AnzeigeFlaeche::zellenBreite() const {
 int AnzeigeFlaeche::zeilenHoehe() const { return fontMetrics().height() + 4; }
 
 void AnzeigeFlaeche::GeometrieAnpassen() {
-    const int spalten = std::max(1, width() / std::max(1, zellenBreite()));
+    int spalten = std::max(1, width() / std::max(1, zellenBreite()));
+    // Outside mode 0 a line holds whole groups of 8 candidates; the logic rounds up, which
+    // would put cells beyond the right edge: only as many groups as fit.
+    if (logik_.Modus != 0 && spalten >= 8) spalten = spalten / 8 * 8;
     const int zeilen = std::max(1, (height() - 2 * zeilenHoehe()) / zeilenHoehe());
     logik_.GeometrieSetzen(spalten, zeilen);
 }

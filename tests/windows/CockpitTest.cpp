@@ -431,5 +431,36 @@ TEST_F(CockpitTest, EveryWindowHasItsHelpPage) {
     EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
 }
 
+
+// Words in the number fields of the option pages and of the raster modification are refused
+// with the field's name, never with a bare run-time error; the page stays open.
+TEST_F(CockpitTest, RefusedNumbersNameTheirField) {
+    Cockpit();
+    GrenzeTippen("100.000");
+    Starten(0);
+    const struct {
+        const char *menue, *feld, *name;
+    } faelle[] = {
+        {"mnuZahlenDarstellung", "txtNachKommaExtern", "Angezeigte Nachkommastellen"},
+        {"mnuZahlenDarstellung", "txtMaxFormatStellen", "Kürzen ab Stellen"},
+        {"mnuZahlensystem", "txtZahlenSystem", "Basis"},
+        {"mnuPrimModify", "txtGrenze", "Primzahlen bis"},
+    };
+    for (const auto& f : faelle) {
+        SCOPED_TRACE(f.feld);
+        ui.meldungen.clear();
+        Suche<QAction>(f.menue)->trigger();
+        QWidget* fenster = QString(f.menue) == "mnuPrimModify" ? Suche<QWidget>("frmPrimModify") : cockpit_;
+        Steuer<QLineEdit>(fenster, f.feld)->setText("zwölf");
+        Steuer<QPushButton>(fenster, "btnGO")->click();
+        ASSERT_EQ(ui.meldungen.size(), 1u);
+        EXPECT_NE(ui.meldungen[0].text.find(std::string("\"") + f.name + "\""), std::string::npos) << ui.meldungen[0].text;
+        EXPECT_EQ(ui.meldungen[0].text.find("Nr."), std::string::npos) << ui.meldungen[0].text;
+        EXPECT_TRUE(fenster->isVisible());
+        EXPECT_TRUE(RasterEcht);
+    }
+    EXPECT_EQ(ZahlenSystem, 10);
+}
+
 }  // namespace
 }  // namespace sw::test
