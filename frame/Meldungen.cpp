@@ -48,19 +48,19 @@ std::string FehlerText(int key, const Laufzeitfehler& fehler) {
 }
 
 void MsgFehler(int key, const Laufzeitfehler& fehler) {
-    UI().Meldung("SW - Error", FehlerText(key, fehler), MeldungsSymbol::Stopp, MeldungsKnoepfe::OK);
+    UI().Meldung("SW - Fehler", FehlerText(key, fehler), MeldungsSymbol::Stopp, MeldungsKnoepfe::OK);
 }
 
 void MsgSpeicher(const Laufzeitfehler& fehler) {
-    info("SW - Memory", mitFehler(204, fehler));
+    info("SW - Speicher", mitFehler(204, fehler));
 }
 
 void MsgLimit(const Laufzeitfehler& fehler) {
-    info("SW - Limit", mitFehler(205, fehler));
+    info("SW - Grenze", mitFehler(205, fehler));
 }
 
-void MsgNichtImplementiert() { info("SW - Not implemented", Text(203)); }
-void MsgLaufwerk() { info("SW - Drive", Text(206)); }
+void MsgNichtImplementiert() { info("SW - Nicht verfügbar", Text(203)); }
+void MsgLaufwerk() { info("SW - Laufwerk", Text(206)); }
 void MsgBereich() { info("SW - Info", Text(207)); }
 void MsgLimit512() { info("SW - Info", Text(512)); }
 

@@ -14,11 +14,11 @@ void MsgInfoText(const std::string& text);                          // "SW - Inf
 void MsgInfoP1(int key, const std::string& p1);                     // "SW - Info", TextP1
 void MsgInfoP1P2(int key, const std::string& p1, const std::string& p2);
 int MsgFrage(int key);                        // "SW - ???", Yes/No; returns 6 for Yes
-void MsgFehler(int key, const Laufzeitfehler& fehler);  // "SW - Error": text, "Nr.: ", number, description
-void MsgSpeicher(const Laufzeitfehler& fehler);         // "SW - Memory": key 204 with number and description
-void MsgLimit(const Laufzeitfehler& fehler);            // "SW - Limit": key 205 with number and description
-void MsgNichtImplementiert();                 // "SW - Not implemented": key 203
-void MsgLaufwerk();                           // "SW - Drive": key 206
+void MsgFehler(int key, const Laufzeitfehler& fehler);  // "SW - Fehler": text, "Nr.: ", number, description
+void MsgSpeicher(const Laufzeitfehler& fehler);         // "SW - Speicher": key 204 with number and description
+void MsgLimit(const Laufzeitfehler& fehler);            // "SW - Grenze": key 205 with number and description
+void MsgNichtImplementiert();                 // "SW - Nicht verfügbar": key 203
+void MsgLaufwerk();                           // "SW - Laufwerk": key 206
 void MsgBereich();                            // "SW - Info": key 207
 void MsgLimit512();                           // "SW - Info": key 512
 

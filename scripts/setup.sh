@@ -9,6 +9,7 @@ PACKAGES=(
   libgmp-dev libecm-dev libsqlite3-dev libcli11-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libqt6printsupport6 qt6-qpa-plugins libgl-dev
+  qt6-translations-l10n
   xvfb xauth
 )
 

@@ -16,7 +16,7 @@ std::string BlockName(const Decimal& grenze);
 // The name of the first round limit at or above PrimaerGrenze.
 std::string NaechsterBlockName();
 // Loads a file into PrimaerRaster (one spare zero word), RasterLetzterIndex unchanged.
-// On failure shows "SW - Memory" (or a clear message for an unreadable file), false.
+// On failure shows "SW - Speicher" (or a clear message for an unreadable file), false.
 bool BlockLaden(const std::string& pfad);
 // A larger block file of ProgrammPfad, loaded and cut down to PrimaerGrenze; false if none.
 bool GroesserenBlockNutzen();

@@ -28,7 +28,7 @@ const char* MethodenName(int32_t methode);
 // has one word more than its limit needs, which must stay addressable too.
 Decimal GroessteGrenze();
 // Step 1 of a run: a limit below 1000 shows text 469, one above GroessteGrenze the box
-// "SW - Limit", and gives false; else sets
+// "SW - Grenze", and gives false; else sets
 // PrimaerGrenze, RasterLetzterIndex, PrimaerWurzel, PrimaerWurzelWort.
 bool GrenzeSetzen(const Decimal& grenze);
 // Step 2: a limit above GrenzeLong with a method other than 0 and 3 shows text 520; false.

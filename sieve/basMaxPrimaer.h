@@ -13,7 +13,7 @@ void RasterNeuAnlegen(size_t worte);
 // After a failed allocation or load: a raster of one zero word, and an index that says so,
 // so that no reader looks beyond it.
 void RasterAufEinWort();
-// Reallocates PrimaerRaster to 0..RasterLetzterIndex, zeroed; "SW - Memory" and false on failure.
+// Reallocates PrimaerRaster to 0..RasterLetzterIndex, zeroed; "SW - Speicher" and false on failure.
 bool RasterAnlegen();
 // RasterAnlegen, then the multiples of 7 and 11 and the bit of 1.
 bool RasterVorsieben();

@@ -18,7 +18,7 @@ void SiebQuadratDifferenz();
 // composite a(a + 2y) of the window, a its smallest prime factor, is struck, with the progress
 // on ziel (may be null). The primes up to the root of the window's end must stand in the
 // primary raster; above that the window holds the numbers free of the raster's primes.
-// Out of memory: "SW - Memory" and false.
+// Out of memory: "SW - Speicher" and false.
 class SekundaerFortschrittZiel;
 bool SekundaerQuadrato(const Decimal& start, const Decimal& ende, SekundaerFortschrittZiel* ziel);
 // The primes n of that window with von <= n <= bis.

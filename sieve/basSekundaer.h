@@ -42,7 +42,7 @@ void SekundaerFortschrittZeigen(SekundaerFortschrittZiel& ziel);
 // of the primary limit or longer than GrenzeLong (question 404; No gives false), then the sieve.
 bool SekundaerPruefen(const Decimal& start, const Decimal& laenge);
 // The sieve without checks. SekundaerStart = start rounded down to a multiple of 120,
-// SekundaerEnde = (start + laenge) rounded down to one, plus 120. Out of memory: "SW - Memory"
+// SekundaerEnde = (start + laenge) rounded down to one, plus 120. Out of memory: "SW - Speicher"
 // and false, the old range left standing.
 bool SekundaerSieben(const Decimal& start, const Decimal& laenge);
 // Primes n of the range with von <= n <= bis; text 207 and 0 if [von, bis] leaves the range.
@@ -65,7 +65,7 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, u
 
 // Allocates SekundaerRaster for woerter words from start (a multiple of 120), sets
 // SekundaerStart and SekundaerEnde (the base of the last word) and sieves it by the primes up
-// to grenze. Out of memory: "SW - Memory" and false, the old range left standing.
+// to grenze. Out of memory: "SW - Speicher" and false, the old range left standing.
 bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment = nullptr,
                             void* kontext = nullptr);
 

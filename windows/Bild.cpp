@@ -70,11 +70,12 @@ void Bild::Text(int x, int y, const QString& text, const QColor& farbe) {
 int Bild::TextBreite(const QString& text) const { return QFontMetrics(font()).horizontalAdvance(text); }
 int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 
-bool Bild::Speichern(const QString& pfad) {
-    QString endung = QFileInfo(pfad).suffix().toUpper();
-    const char* format = endung == QLatin1String("PNG") ? "PNG" : "BMP";
-    return flaeche().save(pfad, format);
+bool BildSpeichern(const QImage& bild, const QString& pfad) {
+    const QString endung = QFileInfo(pfad).suffix().toUpper();
+    return bild.save(pfad, endung == QLatin1String("PNG") ? "PNG" : "BMP");
 }
+
+bool Bild::Speichern(const QString& pfad) { return BildSpeichern(flaeche(), pfad); }
 
 void Bild::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -47,4 +47,7 @@ private:
     QColor hintergrund_{Qt::white};
 };
 
+// Saves an image as BMP or PNG by the ending of the path (BMP for any other). False on failure.
+bool BildSpeichern(const QImage& bild, const QString& pfad);
+
 }  // namespace sw

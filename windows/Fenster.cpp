@@ -29,6 +29,7 @@
 #include "frame/Einstellungen.h"
 #include "frame/Meldungen.h"
 #include "frame/Texte.h"
+#include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "windows/Bild.h"
 #include "windows/Dialoge.h"
@@ -210,11 +211,12 @@ Speicherart speicherartVon(QObject* o) {
 }  // namespace
 
 void Fenster::steuerwerteLaden() {
+    const QString sektion = WerteSektion();
     const QList<QObject*> alle = findChildren<QObject*>();
     for (QObject* o : alle) {
         const Speicherart art = speicherartVon(o);
         if (art.art == Speicherart::Keine) continue;
-        const QString wert = ini(sektion_, art.key);
+        const QString wert = ini(sektion, art.key);
         if (wert.isEmpty()) continue;  // the designed value stays
         long long zahl = 0;
         const bool istZahl = zahlLesen(wert, zahl);
@@ -239,27 +241,28 @@ void Fenster::steuerwerteLaden() {
 }
 
 void Fenster::steuerwerteSpeichern() {
+    const QString sektion = WerteSektion();
     const QList<QObject*> alle = findChildren<QObject*>();
     for (QObject* o : alle) {
         const Speicherart art = speicherartVon(o);
         switch (art.art) {
             case Speicherart::Option:
-                if (qobject_cast<QRadioButton*>(o)->isChecked()) iniSchreiben(sektion_, art.key, QString::number(art.index));
+                if (qobject_cast<QRadioButton*>(o)->isChecked()) iniSchreiben(sektion, art.key, QString::number(art.index));
                 break;
             case Speicherart::SchriftKnopf:
             case Speicherart::Kontrollkaestchen:
-                iniSchreiben(sektion_, art.key, qobject_cast<QAbstractButton*>(o)->isChecked() ? "1" : "0");
+                iniSchreiben(sektion, art.key, qobject_cast<QAbstractButton*>(o)->isChecked() ? "1" : "0");
                 break;
             case Speicherart::Textfeld:
                 if (auto wert = TextfeldSpeicherwert(s(qobject_cast<QLineEdit*>(o)->text()))) {
-                    iniSchreiben(sektion_, art.key, q(*wert));
+                    iniSchreiben(sektion, art.key, q(*wert));
                 }
                 break;
             case Speicherart::Farbe:
-                iniSchreiben(sektion_, art.key, QString::number(HintergrundFarbe(qobject_cast<QWidget*>(o))));
+                iniSchreiben(sektion, art.key, QString::number(HintergrundFarbe(qobject_cast<QWidget*>(o))));
                 break;
-            case Speicherart::PlusMinus: iniSchreiben(sektion_, art.key, qobject_cast<QLabel*>(o)->text()); break;
-            case Speicherart::Auswahl: iniSchreiben(sektion_, art.key, qobject_cast<QComboBox*>(o)->currentText()); break;
+            case Speicherart::PlusMinus: iniSchreiben(sektion, art.key, qobject_cast<QLabel*>(o)->text()); break;
+            case Speicherart::Auswahl: iniSchreiben(sektion, art.key, qobject_cast<QComboBox*>(o)->currentText()); break;
             case Speicherart::Keine: break;
         }
     }
@@ -436,6 +439,8 @@ void Fenster::IconAktion(int index) {
         close();
     } else if (tag == "Save") {
         listeSpeichern();
+    } else if (tag == "Font" && schriftZeile_) {
+        schriftZeile_->setVisible(!schriftZeile_->isVisible());
     } else {
         IconFensterAktion(tag);
     }
@@ -451,9 +456,25 @@ std::optional<QString> Fenster::speicherZiel(const QString& filter, const QStrin
     return pfad;
 }
 
-void Fenster::listeSpeichern() {
+std::optional<QStringList> Fenster::ListenText() {
     auto* liste = Steuer<QListWidget>(this, "List1");
-    if (!liste) return;
+    if (!liste) return std::nullopt;
+    QStringList zeilen;
+    for (int i = 0; i < liste->count(); ++i) zeilen << liste->item(i)->text();
+    return zeilen;
+}
+
+QImage Fenster::BildAbbild() {
+    auto* bild = Steuer<Bild>(this, "picAnzeige");
+    return bild ? bild->Abbild() : QImage();
+}
+
+void Fenster::listeSpeichern() {
+    const std::optional<QStringList> zeilen = ListenText();
+    if (!zeilen) {
+        MsgInfo(1104);
+        return;
+    }
     std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT)", ".TXT");
     if (!pfad) return;
     QFile datei(*pfad);
@@ -462,16 +483,19 @@ void Fenster::listeSpeichern() {
         return;
     }
     QTextStream aus(&datei);
-    for (int i = 0; i < liste->count(); ++i) aus << liste->item(i)->text() << '\n';
+    for (const QString& zeile : *zeilen) aus << zeile << '\n';
     aus.flush();
     if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
 }
 
 void Fenster::bildSpeichern() {
-    auto* bild = Steuer<Bild>(this, "picAnzeige");
-    if (!bild) return;
-    std::optional<QString> pfad = speicherZiel("Bitmap (*.bmp)", ".bmp");
-    if (pfad && !bild->Speichern(*pfad)) MsgLaufwerk();
+    const QImage bild = BildAbbild();
+    if (bild.isNull()) {
+        MsgInfo(1105);
+        return;
+    }
+    std::optional<QString> pfad = speicherZiel("Bitmap (*.bmp);;PNG (*.png)", ".bmp");
+    if (pfad && !BildSpeichern(bild, *pfad)) MsgLaufwerk();
 }
 
 void Fenster::drucken() {
@@ -489,20 +513,20 @@ void Fenster::Drucken(QPrinter& drucker) {
     }
     const QRect seite = drucker.pageLayout().paintRectPixels(drucker.resolution());
     const QRect flaeche(0, 0, seite.width(), seite.height());
-    if (auto* bild = Steuer<Bild>(this, "picAnzeige")) {
-        QImage abbild = bild->Abbild().scaled(flaeche.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        p.drawImage(0, 0, abbild);
-    } else if (auto* liste = Steuer<QListWidget>(this, "List1")) {
-        QFont f = liste->font();
-        p.setFont(f);
+    const QImage bild = BildAbbild();
+    const std::optional<QStringList> zeilen = bild.isNull() ? ListenText() : std::nullopt;
+    if (!bild.isNull()) {
+        p.drawImage(0, 0, bild.scaled(flaeche.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    } else if (zeilen) {
+        if (auto* liste = Steuer<QListWidget>(this, "List1")) p.setFont(liste->font());
         const int zeile = p.fontMetrics().height();
         int y = 0;
-        for (int i = 0; i < liste->count(); ++i) {
+        for (const QString& text : *zeilen) {
             if (y + zeile > flaeche.height()) {
                 drucker.newPage();
                 y = 0;
             }
-            p.drawText(0, y + p.fontMetrics().ascent(), liste->item(i)->text());
+            p.drawText(0, y + p.fontMetrics().ascent(), text);
             y += zeile;
         }
     } else if (centralWidget()) {
@@ -510,6 +534,38 @@ void Fenster::Drucken(QPrinter& drucker) {
         p.drawPixmap(0, 0, bildschirm.scaled(flaeche.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     }
     p.end();
+}
+
+// ---- input fields ---------------------------------------------------------------------
+
+std::optional<Decimal> ZahlEingabe(QLineEdit* feld, const QString& feldName, const Decimal& von,
+                                   const Decimal& bis) {
+    const std::string text = feld->text().trimmed().toStdString();
+    const std::string name = feldName.toStdString();
+    const std::string erlaubt = TextP1P2(1107, ZahlFormat(von), ZahlFormat(bis));
+    std::optional<Decimal> wert;
+    if (text.empty()) {
+        MsgInfoText(TextP1(1109, name) + "\n" + erlaubt);
+    } else {
+        try {
+            const Decimal d = TextZuDecimal(text);
+            // A fraction or a number beyond the field's range is refused like a wrong word.
+            if (ZahlBereinigt(text).find(DezimalTrenner) != std::string::npos) {
+                MsgInfoText(TextP1P2(1106, name, text) + "\n" + erlaubt);
+            } else if (d < von || d > bis) {
+                MsgInfoText(TextP1P2(1108, name, text) + "\n" + erlaubt);
+            } else {
+                wert = d;
+            }
+        } catch (const Laufzeitfehler& f) {
+            MsgInfoText(TextP1P2(f.Nummer() == FehlerUeberlauf ? 1108 : 1106, name, text) + "\n" + erlaubt);
+        }
+    }
+    if (!wert) {
+        feld->setFocus();
+        feld->selectAll();
+    }
+    return wert;
 }
 
 // ---- font choice ----------------------------------------------------------------------
@@ -549,6 +605,8 @@ QWidget* Fenster::SchriftAuswahlAnlegen(QWidget* ziel) {
         f.setUnderline(unter->isChecked());
         ziel->setFont(f);
     };
+    zeile->hide();
+    schriftZeile_ = zeile;
     connect(schrift, &QComboBox::currentTextChanged, this, anwenden);
     connect(groesse, &QComboBox::currentTextChanged, this, anwenden);
     for (QToolButton* b : {fett, kursiv, unter}) connect(b, &QToolButton::toggled, this, anwenden);

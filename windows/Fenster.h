@@ -6,11 +6,16 @@
 // the help page of the window's key.
 #pragma once
 
+#include <QImage>
 #include <QMainWindow>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
+#include "frame/Decimal.h"
+
+class QLineEdit;
 class QPrinter;
 class QToolBar;
 
@@ -43,7 +48,8 @@ public:
     // The common click handler of btnIcon(index).
     void IconAktion(int index);
 
-    // The font controls cmbFont, cmbSize, btnBold, btnItalic, btnUnderLine, bound to ziel.
+    // The font controls cmbFont, cmbSize, btnBold, btnItalic, btnUnderLine, bound to ziel. The
+    // row starts hidden; the "Font" icon shows and hides it.
     QWidget* SchriftAuswahlAnlegen(QWidget* ziel);
 
     // A window whose user may change its size stores Height and Width.
@@ -55,8 +61,17 @@ protected:
     // Values beyond the common table (a sort order, ...): read and written with the others.
     virtual void ZusatzwerteLaden() {}
     virtual void ZusatzwerteSpeichern() {}
+    // What the "Save" icon writes, line by line; nothing when the window has no list (yet).
+    // The base gives the lines of List1.
+    virtual std::optional<QStringList> ListenText();
+    // What "Foto" saves and "Print" prints; a null image when the window has no picture (yet).
+    // The base gives the picture of picAnzeige when it is a Bild.
+    virtual QImage BildAbbild();
     // Prints the window's content: the picture, else the list, else the window as it looks.
     virtual void Drucken(QPrinter& drucker);
+    // The section of SW.Ini that keeps the control values; a window whose modes need fields of
+    // their own gives one per mode. State and place stay in Sektion().
+    virtual QString WerteSektion() const { return sektion_; }
 
     void closeEvent(QCloseEvent* e) override;
 
@@ -75,7 +90,13 @@ private:
 
     QString sektion_;
     QToolBar* iconLeiste_ = nullptr;
+    QWidget* schriftZeile_ = nullptr;
 };
+
+// Reads a whole number from an input field, grouped or not. Text that is no number, or a
+// number outside von..bis, gets a box that names the field (feldName) and what it takes, and
+// the field gets the focus: nothing then.
+std::optional<Decimal> ZahlEingabe(QLineEdit* feld, const QString& feldName, const Decimal& von, const Decimal& bis);
 
 // Back colour of a label as the old platform's number (0x00BBGGRR), and setting it.
 long long HintergrundFarbe(const QWidget* w);

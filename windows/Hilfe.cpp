@@ -205,12 +205,12 @@ const HilfeSeite* HilfeSeiteZu(const QString& key) {
 void HilfeZeigen(const QString& key) {
     const QString k = schluesselForm(key);
     if (k.isEmpty()) {
-        MsgInfoText("No Help!");
+        MsgInfo(1119);
         return;
     }
     const HilfeSeite* seite = HilfeSeiteZu(k);
     if (!seite) {
-        MsgInfoText("Zum Suchbegriff " + k.toStdString() + " steht (noch) keine Hilfe zur Verfügung.");
+        MsgInfoP1(1118, k.toStdString());
         return;
     }
     fenster().SeiteZeigen(seite->datei);

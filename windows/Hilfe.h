@@ -25,7 +25,7 @@ const std::vector<HilfeSeite>& HilfeSeiten();
 // The page answering key (ignoring case, "&" of accelerators taken out); nullptr if none.
 const HilfeSeite* HilfeSeiteZu(const QString& key);
 
-// F1 and the help buttons: the page of key in the help window. An empty key shows "No Help!",
+// F1 and the help buttons: the page of key in the help window. An empty key says that the window has none,
 // a key without a page says so in a box.
 void HilfeZeigen(const QString& key);
 // The help window on its contents, its index or its search.

@@ -2,14 +2,50 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTranslator>
 
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <new>
 
 #include "frame/Meldungen.h"
+#include "frame/Texte.h"
 
 namespace sw {
+
+namespace {
+
+// The buttons of a box say what sw.TEX says; should the table be unreadable (the very error a
+// box may be reporting), Qt's own German texts stay.
+void knopfText(QMessageBox& box, QMessageBox::StandardButton art, int key) {
+    QAbstractButton* knopf = box.button(art);
+    if (!knopf) return;
+    try {
+        const std::string text = Text(key);
+        if (!text.empty()) knopf->setText(QString::fromStdString(text));
+    } catch (const Laufzeitfehler&) {
+    }
+}
+
+}  // namespace
+
+void QtTexteDeutsch() {
+    // SW speaks German whatever the desktop's language: the toolkit's own dialogs (files,
+    // printing, colours, the buttons of message boxes) must not answer in English.
+    static QTranslator uebersetzung;
+    static bool geladen = false;
+    if (!geladen) {
+        geladen = uebersetzung.load(QLocale(QLocale::German, QLocale::Germany), "qtbase", "_",
+                                    QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+        if (geladen) QCoreApplication::installTranslator(&uebersetzung);
+    }
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+}
 
 int OberflaecheDesktop::Meldung(const std::string& titel, const std::string& text, MeldungsSymbol symbol,
                                 MeldungsKnoepfe knoepfe) {
@@ -29,6 +65,10 @@ int OberflaecheDesktop::Meldung(const std::string& titel, const std::string& tex
     }
     QMessageBox box(icon, QString::fromStdString(titel), QString::fromStdString(text), knopf,
                     QApplication::activeWindow());
+    knopfText(box, QMessageBox::Yes, 1100);
+    knopfText(box, QMessageBox::No, 1101);
+    knopfText(box, QMessageBox::Cancel, 1102);
+    knopfText(box, QMessageBox::Ok, 1103);
     switch (box.exec()) {
         case QMessageBox::Yes: return AntwortJa;
         case QMessageBox::No: return AntwortNein;
@@ -37,7 +77,31 @@ int OberflaecheDesktop::Meldung(const std::string& titel, const std::string& tex
     }
 }
 
-void OberflaecheDesktop::DoEvents() { QCoreApplication::processEvents(); }
+namespace {
+bool endeAngefordert = false;
+}
+
+std::function<void()> SofortEndeHook;
+
+void ProgrammEndeAnfordern(bool an) {
+    endeAngefordert = an;
+    if (an) QCoreApplication::quit();
+}
+
+bool ProgrammEndeAngefordert() { return endeAngefordert; }
+
+void OberflaecheDesktop::DoEvents() {
+    QCoreApplication::processEvents();
+    if (!endeAngefordert) return;
+    if (SofortEndeHook) {
+        SofortEndeHook();
+        return;
+    }
+    // SW.Ini is written and synced by the close handler; nothing else needs to outlive the
+    // job, and unwinding a running job's frames is what must not happen.
+    std::fflush(nullptr);
+    std::_Exit(0);
+}
 
 double OberflaecheDesktop::Uhr() {
     using namespace std::chrono;

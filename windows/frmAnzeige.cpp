@@ -1,5 +1,6 @@
 #include "windows/frmAnzeige.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -12,6 +13,9 @@
 #include <QVBoxLayout>
 
 #include "frame/Meldungen.h"
+#include "frame/Oberflaeche.h"
+#include "frame/StoppUhr.h"
+#include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "windows/Balken.h"
@@ -42,13 +46,16 @@ int AnzeigeFlaeche::zellenBreite() const {
     QFont fett = font();
     fett.setBold(true);
     const QFontMetrics mass(fett);
-    return mass.horizontalAdvance(q(ZahlFormat(groesste))) + mass.averageCharWidth() * 2;
+    return mass.horizontalAdvance(frmAnzeige::ZahlText(groesste)) + mass.averageCharWidth() * 2;
 }
 
 int AnzeigeFlaeche::zeilenHoehe() const { return fontMetrics().height() + 4; }
 
 void AnzeigeFlaeche::GeometrieAnpassen() {
-    const int spalten = std::max(1, width() / std::max(1, zellenBreite()));
+    int spalten = std::max(1, width() / std::max(1, zellenBreite()));
+    // Outside mode 0 a line holds whole groups of 8 candidates; the logic rounds up, which
+    // would put cells beyond the right edge: only as many groups as fit.
+    if (logik_.Modus != 0 && spalten >= 8) spalten = spalten / 8 * 8;
     const int zeilen = std::max(1, (height() - 2 * zeilenHoehe()) / zeilenHoehe());
     logik_.GeometrieSetzen(spalten, zeilen);
 }
@@ -91,7 +98,7 @@ void AnzeigeFlaeche::paintEvent(QPaintEvent*) {
                 maler.setFont(normal);
                 maler.setPen(Qt::gray);
             }
-            maler.drawText(zelle, Qt::AlignCenter, q(ZahlFormat(z.zahl)));
+            maler.drawText(zelle, Qt::AlignCenter, frmAnzeige::ZahlText(z.zahl));
         }
     });
 }
@@ -112,10 +119,12 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
     auto* mitte = new QWidget(this);
     auto* lay = new QVBoxLayout(mitte);
     auto* eingabe = new QHBoxLayout;
-    eingabe->addWidget(Benannt(new QLabel("Anfang:", mitte), "lblEingabe", 0));
+    lblAnfang_ = Benannt(new QLabel("Anfang:", mitte), "lblEingabe", 0);
+    eingabe->addWidget(lblAnfang_);
     txtAnfang_ = Benannt(new QLineEdit("1.000.000.000.000", mitte), "txtEingabe", 0);
     eingabe->addWidget(txtAnfang_, 2);
-    eingabe->addWidget(Benannt(new QLabel("Länge:", mitte), "lblEingabe", 1));
+    lblLaenge_ = Benannt(new QLabel("Länge:", mitte), "lblEingabe", 1);
+    eingabe->addWidget(lblLaenge_);
     txtLaenge_ = Benannt(new QLineEdit("100.000", mitte), "txtEingabe", 1);
     eingabe->addWidget(txtLaenge_, 1);
     auto* go = Benannt(new QPushButton("Anzeigen", mitte), "btnGO");
@@ -159,9 +168,7 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
                 dialog->setAttribute(Qt::WA_DeleteOnClose);
                 dialog->show();
             }));
-    FensterLaden(QString::fromStdString(AktivesFenster), "NF");
-    NavigationSchalten(false);
-    resize(900, 600);
+    resize(900, 600);  // the designed size; a stored one replaces it when the window is prepared
 }
 
 frmAnzeige::~frmAnzeige() {
@@ -171,21 +178,89 @@ frmAnzeige::~frmAnzeige() {
 
 void frmAnzeige::ShowMe(int modus) {
     logik_.Modus = modus < 0 ? 0 : modus;
+    // Prepared only now: each mode keeps the values of its own fields.
+    FensterLaden(QString::fromStdString(AktivesFenster), "NF");
+    NavigationSchalten(false);
     flaeche_->GeometrieAnpassen();
-    if (logik_.Modus == 5) txtLaenge_->setText("100.000");
     show();
 }
 
+QString frmAnzeige::WerteSektion() const {
+    return logik_.Modus == 0 ? Sektion() : Sektion() + QString::number(logik_.Modus);
+}
+
+QString frmAnzeige::ZahlText(const Decimal& n) {
+    return q(ZahlenSystem == 10 ? ZahlFormat(n) : ZahlInBasis(n));
+}
+
+namespace {
+// "Anfang:" names the field "Anfang" in a message.
+QString feldName(const QLabel* l) { return l->text().remove('&').remove(':').trimmed(); }
+}  // namespace
+
 void frmAnzeige::BereichHolen() {
     if (logik_.Modus == 6) {
-        MsgInfoText("Der sehr große Bereich (Modus 6) kommt mit dem Tertiärbereich; bis dahin zeigt dieses Fenster ihn nicht.");
+        MsgInfo(1111);
         return;
     }
-    setWindowTitle(q("Anzeige " + BasisBeschriftung()));
+    // Without a primary range the raster holds no primes yet: every number coprime to 30
+    // would be shown as prime.
+    if (!RasterBereit) {
+        MsgInfo(1110);
+        return;
+    }
+    const Decimal groesste = Decimal::ausBreit(Decimal::Maximum);
+    // The window of the square sieve starts at 10,000 at the least.
+    const Decimal kleinster = logik_.Modus == 5 ? Decimal(10000) : Decimal(0);
+    const std::optional<Decimal> anfang = ZahlEingabe(txtAnfang_, feldName(lblAnfang_), kleinster, groesste);
+    if (!anfang) return;
+    const std::optional<Decimal> laenge = ZahlEingabe(txtLaenge_, feldName(lblLaenge_), Decimal(1), groesste - *anfang);
+    if (!laenge) return;
+    setWindowTitle(SektionsText("Caption") + " " + q(BasisBeschriftung()));
     flaeche_->GeometrieAnpassen();
-    logik_.BereichHolen(txtAnfang_->text().toStdString(), txtLaenge_->text().toStdString());
+    if (!logik_.BereichHolen(anfang->Text(), laenge->Text())) {
+        // A refused range leaves the one before it standing, and its paging with it.
+        NavigationSchalten(logik_.BereichBereit);
+        if (StoppUhr.laeuft) StoppUhrStop();
+    }
     flaeche_->GeometrieAnpassen();
     flaeche_->update();
+}
+
+std::optional<QStringList> frmAnzeige::ListenText() {
+    if (!logik_.BereichBereit) return std::nullopt;
+    // Page by page from the first number: the logic knows which cells are prime, whichever
+    // raster the range comes from. The page shown stays where it was.
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const Decimal gezeigt = logik_.Aktuell;
+    QStringList zeilen;
+    try {
+        const Decimal seite = logik_.SeitenZahlen();
+        logik_.Aktuell = logik_.Anfang;
+        for (bool erste = true;; erste = false) {
+            const AnzeigeSeite s = logik_.Seite();
+            if (erste) {
+                for (int32_t p : s.vorweg) zeilen << QString::number(p);
+            }
+            for (const AnzeigeZelle& z : s.zellen) {
+                if (z.imBereich && z.prim) zeilen << q(z.zahl.Text());
+            }
+            if (logik_.Aktuell + seite > logik_.Ende) break;
+            logik_.Aktuell = logik_.Aktuell + seite;
+        }
+    } catch (...) {
+        logik_.Aktuell = gezeigt;
+        QApplication::restoreOverrideCursor();
+        throw;
+    }
+    logik_.Aktuell = gezeigt;
+    QApplication::restoreOverrideCursor();
+    return zeilen;
+}
+
+QImage frmAnzeige::BildAbbild() {
+    if (!logik_.BereichBereit) return QImage();
+    return flaeche_->grab().toImage();
 }
 
 void frmAnzeige::ZahlZeigen(const Decimal& n) {

@@ -69,8 +69,14 @@ public:
     void BalkenSetzen(int32_t prozent) override;
     void RahmenZeigen(bool sichtbar) override;
 
+    // A cell's number as the display shows it: grouped in base 10, else in the chosen base.
+    static QString ZahlText(const Decimal& n);
+
 protected:
     void IconFensterAktion(const QString& tag) override;
+    std::optional<QStringList> ListenText() override;
+    QImage BildAbbild() override;
+    QString WerteSektion() const override;
 
 private:
     AnzeigeLogik logik_{*this};
@@ -85,6 +91,8 @@ private:
     Balken* balken_;
     AnzeigeFlaeche* flaeche_;
     QPointer<frmZahl> zahl_;
+    QLabel* lblAnfang_;
+    QLabel* lblLaenge_;
 };
 
 }  // namespace sw

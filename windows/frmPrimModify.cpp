@@ -39,26 +39,29 @@ frmPrimModify::frmPrimModify(QWidget* eltern) : Fenster("frmPrimModify", eltern)
                 if (Anwenden()) close();
             }));
     connect(abbrechen, &QPushButton::clicked, this, &QWidget::close);
-    connect(txtGrenze_, &QLineEdit::editingFinished, this, Sicher([this] {
-                txtGrenze_->setText(QString::fromStdString(ZahlFormat(TextZuDecimal(txtGrenze_->text().toStdString()))));
-            }));
+    // Leaving the field groups a number; anything else stays as typed until the click names it.
+    connect(txtGrenze_, &QLineEdit::editingFinished, this, [this] {
+        try {
+            txtGrenze_->setText(QString::fromStdString(ZahlFormat(TextZuDecimal(txtGrenze_->text().toStdString()))));
+        } catch (const Laufzeitfehler&) {
+        }
+    });
     FensterLaden(QString::fromStdString(AktivesFenster));
     setMinimumWidth(420);
 }
 
 bool frmPrimModify::Anwenden() {
-    Decimal grenze = TextZuDecimal(txtGrenze_->text().toStdString());
-    if (grenze > Decimal(GrenzeLong)) {  // the strike runs on 32-bit numbers
-        MsgInfo(200);
-        grenze = GrenzeLong;
-    }
-    // The strike walks the words up to the bound: a bound beyond the built range has no raster
-    // to work on.
-    if (!RasterBereit || grenze > PrimaerGrenze) {
+    // The strike walks the words up to the bound, on 32-bit numbers: it needs a built range,
+    // and the bound lies within it.
+    if (!RasterBereit) {
         MsgBereich();
         return false;
     }
-    PrimModifikation(grenze.AlsLong());
+    const Decimal hoechste = PrimaerGrenze < Decimal(GrenzeLong) ? PrimaerGrenze : Decimal(GrenzeLong);
+    const QString name = Steuer<QLabel>(this, "lblGrenze")->text().remove('&').remove(':').trimmed();
+    const std::optional<Decimal> grenze = ZahlEingabe(txtGrenze_, name, Decimal(0), hoechste);
+    if (!grenze) return false;
+    PrimModifikation(grenze->AlsLong());
     RasterEcht = false;
     return true;
 }

@@ -22,15 +22,19 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 
 #include "frame/Meldungen.h"
 #include "frame/Programm.h"
+#include "frame/Speicher.h"
 #include "frame/StoppUhr.h"
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "sieve/Blockdateien.h"
 #include "sieve/PrimaerLauf.h"
+#include "sieve/RasterTabellen.h"
 #include "sieve/basMaxPrimaer.h"
 #include "sieve/basSiebwerk.h"
 #include "windows/Dialoge.h"
@@ -315,7 +319,14 @@ QString frmStart::beschriftung(const QObject* steuer) const {
 // ---- the limit and the run -------------------------------------------------------------
 
 void frmStart::grenzeVerlassen() {
-    Decimal wert = TextZuDecimal(txtGrenze_->text().toStdString());
+    Decimal wert;
+    try {
+        wert = TextZuDecimal(txtGrenze_->text().toStdString());
+    } catch (const Laufzeitfehler& f) {
+        // A limit beyond any number stays as typed; the start button says what is allowed.
+        if (f.Nummer() == FehlerUeberlauf) return;
+        throw;
+    }
     if (wert < Decimal(1000)) wert = 1000;
     txtGrenze_->setText(q(ZahlFormat(wert)));
 }
@@ -378,8 +389,29 @@ void frmStart::laufAbgebrochen(bool rasterVerloren) {
     knoepfeSperren(false);
 }
 
+bool frmStart::grenzeMoeglich(const std::string& text) {
+    bool moeglich = true;
+    try {
+        moeglich = !(TextZuDecimal(text) > GroessteGrenze());
+    } catch (const Laufzeitfehler& f) {
+        if (f.Nummer() != FehlerUeberlauf) throw;
+        moeglich = false;
+    }
+    if (moeglich) return true;
+    // The raster takes one 32-bit word per 120 numbers.
+    const auto speicher = [](double grenze) {
+        const double bytes = (std::floor(grenze / RasterSpanne) + 1) * 4;
+        return bytes < 9.0e18 ? GroesseText(uint64_t(bytes)) : Text(1117);
+    };
+    const std::string bereinigt = ZahlBereinigt(text);
+    MsgInfoText(TextP1P2(1115, ZahlFormat(bereinigt), speicher(std::strtod(bereinigt.c_str(), nullptr))) + "\n" +
+                TextP1P2(1116, ZahlFormat(GroessteGrenze()), speicher(GroessteGrenze().Double())));
+    return false;
+}
+
 void frmStart::Lauf(int methode) {
     const Bereich vorher;
+    if (!grenzeMoeglich(txtGrenze_->text().toStdString())) return;
     try {
         if (!GrenzeSetzen(TextZuDecimal(txtGrenze_->text().toStdString()))) {
             vorher.zuruecksetzen();
@@ -561,8 +593,8 @@ void frmStart::closeEvent(QCloseEvent* e) {
     Behandeln([this] { FensterSpeichern(); });
     Behandeln([] { ProgrammBeenden(); });
     e->accept();
-    // The program ends with the cockpit, whatever other windows stand.
-    QCoreApplication::quit();
+    // The program ends with the cockpit, whatever other windows stand and whatever job runs.
+    ProgrammEndeAnfordern();
 }
 
 }  // namespace sw

@@ -54,6 +54,9 @@ private:
     void menuesAufbauen();
     void verbinden();
     void grenzeVerlassen();
+    // False, after a box naming the largest limit and the memory of both, for a limit beyond
+    // any raster.
+    bool grenzeMoeglich(const std::string& text);
     bool laufVorbereiten(bool vorsieben);
     // The finished display; was names the run (a method's caption or the loaded file).
     void laufAnzeigen(double sekunden, const QString& was);

@@ -140,9 +140,19 @@ void StartOptionen::SeiteZeigen(int seite, const QString& titel) {
 int StartOptionen::Seite() const { return seiten_->currentIndex(); }
 
 bool StartOptionen::Uebernehmen(bool pruefen) {
-    // Every field is read before anything is set, so a refusal or an error changes nothing.
-    auto zahl = [pruefen](QLineEdit* t, int32_t alt) -> int32_t {
-        if (pruefen) return TextZuLong(t->text().toStdString());
+    // Every field is read before anything is set, so a refusal changes nothing. Applying by
+    // hand names a field that holds no fitting number; at start a stored value that does not
+    // fit keeps the variable as it is.
+    bool lesbar = true;
+    auto zahl = [&](QLineEdit* t, int32_t alt, int32_t von, int32_t bis) -> int32_t {
+        if (!lesbar) return alt;
+        if (pruefen) {
+            const auto* beschriftung = findChild<QLabel*>("lbl" + t->objectName().mid(3));
+            const QString name = beschriftung ? beschriftung->text().remove('&').remove(':').trimmed() : t->objectName();
+            const std::optional<Decimal> wert = ZahlEingabe(t, name, Decimal(von), Decimal(bis));
+            if (!wert) lesbar = false;
+            return wert ? wert->AlsLong() : alt;
+        }
         try {
             return TextZuLong(t->text().toStdString());
         } catch (const Laufzeitfehler&) {
@@ -159,11 +169,13 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
         anzahl = 3;
     } else if (format_[2]->isChecked()) {
         zeichen = txtZeichen_->text().toStdString();
-        anzahl = std::max(0, zahl(txtFormatAnzahl_, FormatAnzahl));
+        anzahl = std::max(0, zahl(txtFormatAnzahl_, FormatAnzahl, 0, 100));
     }
-    const int32_t extern_ = zahl(txtNachKommaExtern_, NachKommaExtern);
-    const int32_t intern = zahl(txtNachKommaIntern_, NachKommaIntern);
-    int32_t maxStellen = zahl(txtMaxFormatStellen_, MaxFormatStellen);
+    const int32_t extern_ = zahl(txtNachKommaExtern_, NachKommaExtern, 0, 1000);
+    const int32_t intern = zahl(txtNachKommaIntern_, NachKommaIntern, 0, 1000);
+    int32_t maxStellen = zahl(txtMaxFormatStellen_, MaxFormatStellen, 0, 2000000000);
+    int32_t basis = zahl(txtZahlenSystem_, ZahlenSystem, 0, 1000);
+    if (!lesbar) return false;
     if (maxStellen < 10) {
         if (pruefen) {
             MsgInfo(470);
@@ -171,7 +183,6 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
         }
         maxStellen = MaxFormatStellen;
     }
-    int32_t basis = zahl(txtZahlenSystem_, ZahlenSystem);
     if (basis < 2) basis = 10;
     // Block files and settings go to this folder: one that is not there would lose them.
     const QString pfad = txtPath_->text().trimmed();

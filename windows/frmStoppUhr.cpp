@@ -66,6 +66,9 @@ void frmStoppUhr::Zeigen(bool aktiv) {
         if (instanz) instanz->close();
         return;
     }
+    // Before the first job there is nothing to show: no empty window at start or when the
+    // option is switched on.
+    if (!instanz && StoppUhr.name.empty() && !StoppUhr.laeuft) return;
     if (!instanz) {
         instanz = new frmStoppUhr();
         instanz->setAttribute(Qt::WA_DeleteOnClose);

@@ -54,21 +54,33 @@ frmSuchen::frmSuchen(frmAnzeige& anzeige, QWidget* eltern) : Fenster("frmSuchen"
             close();
         }
     });
-    FensterLaden(QString::fromStdString(AktivesFenster));
+    FensterLaden("Muster suchen");
 }
 
 bool frmSuchen::Starten() {
     if (!anzeige_) return false;
     AnzeigeLogik& logik = anzeige_->Logik();
-    if (chkSekundaer_->isChecked() && !SekundaerAnfrageGross()) return false;
+    // The search starts behind the page shown: without a range there is nothing to walk.
+    if (!logik.BereichBereit) {
+        MsgInfo(1113);
+        return false;
+    }
     int art = 0;
     for (int i = 0; i < 6; ++i) {
         if (optArt_[i]->isChecked()) art = i;
     }
+    double luecke = 0;
+    if (art == 5) {
+        const QString name = optArt_[5]->text().remove('&').remove(':').trimmed();
+        const std::optional<Decimal> wert = ZahlEingabe(txtLuecke_, name, Decimal(1), Decimal(1000000000));
+        if (!wert) return false;
+        luecke = wert->Double();
+    }
+    if (chkSekundaer_->isChecked() && !SekundaerAnfrageGross()) return false;
     logik.SekundaerDurchsuchen = chkSekundaer_->isChecked();
     logik.SuchMuster = art == 2 ? 1 : 0;
     logik.SuchMusterText = txtMuster_->text().toStdString();
-    logik.SucheLuecke = txtLuecke_->text().toDouble();
+    logik.SucheLuecke = luecke;
     const int16_t suchArt = int16_t(art <= 1 ? art : art - 1);
     SucheAbbruch = false;
     btnGO_->setEnabled(false);
@@ -79,7 +91,8 @@ bool frmSuchen::Starten() {
     StoppUhrStop();
     if (!anzeige_) return treffer;  // the display closed during the search
     btnGO_->setEnabled(true);
-    lblStatus_->setText(treffer ? QString::fromStdString(Text(585)) : QString());
+    // A search that ran through without a hit says so, or the window would look unchanged.
+    lblStatus_->setText(QString::fromStdString(Text(treffer ? 585 : SucheAbbruch ? 132 : 1114)));
     if (treffer) MsgInfo(585);
     return treffer;
 }

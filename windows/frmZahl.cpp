@@ -24,7 +24,7 @@ frmZahl::frmZahl(QWidget* eltern) : Fenster("frmZahl", eltern) {
     lblInhalt_->setWordWrap(true);
     lay->addWidget(lblInhalt_, 1);
     setCentralWidget(mitte);
-    FensterLaden(QString::fromStdString(AktivesFenster));
+    FensterLaden("Zahl im Detail");
     setMinimumWidth(380);
 }
 
@@ -42,6 +42,9 @@ void frmZahl::ZahlZeigen(const Decimal& n) {
     zeile("Rest mod 6 / 30 / 120:", QString("%1 / %2 / %3").arg(z.rest6).arg(z.rest30).arg(z.rest120));
     zeile("Stellen:", QString::number(z.stellen));
     lblInhalt_->setText(t + "</table>");
+    // The window was prepared empty: it grows to what the number needs, never shrinks below
+    // the size the person gave it.
+    resize(size().expandedTo(sizeHint()));
     show();
     raise();
 }

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "frame/Meldungen.h"
+#include "frame/Texte.h"
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/Zufall.h"
@@ -95,13 +96,16 @@ void frmZufall::Aktualisieren() {
     lblIntervall_->setText("10^" + QString::number(upDown_->value()));
     lblSpeicher_->setText(QString::fromStdString(ZufallSpeicherText(upDown_->value())));
     lblInfo_->setText(lesbar ? QString::fromStdString(ZufallInfoText(bitKette(), prozent, btnPM_->text() == "+"))
-                             : "Fehler");
+                             : QString::fromStdString(Text(1121)));
 }
 
 bool frmZufall::Uebernehmen() {
     double prozent = 0;
     if (!ZufallProzentLesen(txtProzent_->text().toStdString(), prozent)) {
-        MsgInfo(406);
+        // The field and what it takes, for a word as for a number too large.
+        const QString feld = Steuer<QLabel>(this, "lblProzent")->text().remove(':').trimmed();
+        MsgInfoText(TextP1P2(1120, feld.toStdString(), txtProzent_->text().toStdString()));
+        txtProzent_->setFocus();
         return false;
     }
     int modus = 0;

@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
     SwAnwendung app(argc, argv);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setApplicationName("SW");
+    sw::QtTexteDeutsch();
     QApplication::setQuitOnLastWindowClosed(false);  // the cockpit alone decides the end
     static sw::OberflaecheDesktop oberflaeche;
     sw::OberflaecheSetzen(&oberflaeche);
@@ -40,7 +41,7 @@ int main(int argc, char** argv) {
         return QApplication::exec();
     } catch (const sw::Laufzeitfehler& e) {
         // Without sw.TEX there are no texts to show: the box says what is missing.
-        QMessageBox::critical(nullptr, "SW - Error",
+        QMessageBox::critical(nullptr, "SW - Fehler",
                               QString("Nr.: %1 %2").arg(e.Nummer()).arg(QString::fromStdString(e.Beschreibung())));
         return 1;
     }

@@ -108,7 +108,7 @@ TEST_F(Blockdateien, UnpassendeBloeckeWerdenNichtGenutzt) {
         ui.meldungen.clear();
         EXPECT_TRUE(BeschaffenWieProdukt(1000000));
         ASSERT_EQ(ui.meldungen.size(), 1u);
-        EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+        EXPECT_EQ(ui.meldungen[0].titel, "SW - Fehler");
         EXPECT_NE(ui.meldungen[0].text.find("P061.BLK"), std::string::npos);
         EXPECT_EQ(PrimAnzahl(Decimal(2), PrimaerGrenze), Decimal(78498));
     }

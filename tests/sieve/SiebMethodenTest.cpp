@@ -90,7 +90,7 @@ TEST_F(SiebMethoden, AbgelehnteGrenzenUndMethoden) {
     ui.meldungen.clear();
     EXPECT_FALSE(GrenzeSetzen(Decimal(int64_t(300000000000))));
     ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Limit");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Grenze");
 }
 
 // With the address space capped, the raster cannot be had: the memory box, false, and a
@@ -107,7 +107,7 @@ TEST_F(SiebMethoden, ZuWenigSpeicher) {
     setrlimit(RLIMIT_AS, &alt);
     EXPECT_FALSE(gelungen);
     ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Memory");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Speicher");
     EXPECT_EQ(RasterLetzterIndex, 0);
     EXPECT_EQ(PrimaerRaster.size(), 1u);
     EXPECT_FALSE(RasterBereit);

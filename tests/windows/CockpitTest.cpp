@@ -11,6 +11,8 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
 
 #include <filesystem>
 #include <fstream>
@@ -18,11 +20,17 @@
 
 #include "GuiTestUmgebung.h"
 #include "frame/Einstellungen.h"
+#include "frame/StoppUhr.h"
 #include "frame/Texte.h"
+#include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
 #include "sieve/basSiebwerk.h"
 #include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
+#include "windows/Hilfe.h"
+#include "windows/OberflaecheDesktop.h"
+#include "windows/frmAnzeige.h"
 #include "windows/frmStart.h"
 
 namespace sw::test {
@@ -143,14 +151,21 @@ TEST_F(CockpitTest, LimitFieldAndRefusedLimitsKeepTheRangeAndGiveTheButtonsBack)
         EXPECT_EQ(RasterLetzterIndex, 100000 / 120);
         EXPECT_TRUE(AlleKnoepfeFrei());
     }
-    // A number too large for any range: the error box.
-    ui.meldungen.clear();
-    Suche<QLineEdit>("txtGrenze")->setText(QString(40, '9'));
-    Starten(0);
-    ASSERT_FALSE(ui.meldungen.empty());
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
-    EXPECT_TRUE(AlleKnoepfeFrei());
-    EXPECT_EQ(PrimaerGrenze, Decimal(100000));
+    // Limits beyond any raster, within the number range and beyond it: the box names the
+    // largest limit and the memory, leaving the field did not fail, the range stands.
+    for (const QString& zuGross : {QString("300.000.000.000"), QString(40, '9')}) {
+        ui.meldungen.clear();
+        GrenzeTippen(zuGross);
+        Starten(0);
+        ASSERT_EQ(ui.meldungen.size(), 1u) << Meldungen();
+        const std::string& text = ui.meldungen[0].text;
+        EXPECT_EQ(ui.meldungen[0].titel, "SW - Info");
+        EXPECT_NE(text.find(ZahlFormat(GroessteGrenze())), std::string::npos) << text;
+        EXPECT_NE(text.find("GB"), std::string::npos) << text;
+        EXPECT_EQ(text.find("Nr."), std::string::npos) << text;
+        EXPECT_TRUE(AlleKnoepfeFrei());
+        EXPECT_EQ(PrimaerGrenze, Decimal(100000));
+    }
 }
 
 // A stand-in for a research window that does not exist yet.
@@ -176,7 +191,7 @@ TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
     // A window that is not built yet says so.
     Suche<QPushButton>("btnUntersuchung", 8)->click();
     ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Not implemented");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Nicht verfügbar");
 
     // Index 25 counts the primes of the range in the status line.
     GrenzeTippen("100000");
@@ -189,7 +204,7 @@ TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
     FensterAnmelden("frmFaktor", [](int, QWidget*) { throw Laufzeitfehler(FehlerDivisionDurchNull); });
     faktor->click();
     ASSERT_EQ(ui.meldungen.size(), 1u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Fehler");
     EXPECT_NE(ui.meldungen[0].text.find("Nr.: 11"), std::string::npos);
     EXPECT_TRUE(AlleKnoepfeFrei());
 }
@@ -328,6 +343,123 @@ TEST_F(CockpitTest, PrimModifyStrikesOnlyUpToItsBound) {
     EXPECT_TRUE(IstPrim(Decimal(101 * 103)));  // no factor up to 100
     EXPECT_FALSE(IstPrim(Decimal(97 * 101)));
     EXPECT_TRUE(IstPrim(Decimal(97)));
+}
+
+
+// The desktop's yield with the boxes of the test: the close of the cockpit must come through a
+// real event loop, as it does when a person clicks during a run.
+struct DesktopMitAufzeichnung : OberflaecheDesktop {
+    explicit DesktopMitAufzeichnung(OberflaecheAufzeichnung& a) : aufzeichnung(a) {}
+    int Meldung(const std::string& titel, const std::string& text, MeldungsSymbol symbol,
+                MeldungsKnoepfe knoepfe) override {
+        return aufzeichnung.Meldung(titel, text, symbol, knoepfe);
+    }
+    OberflaecheAufzeichnung& aufzeichnung;
+};
+
+// Closing the cockpit while the raster is being built ends the program right behind the close
+// handler, not when the run has finished; the settings are written before.
+TEST_F(CockpitTest, ClosingTheCockpitDuringARunEndsTheProgramAtOnce) {
+    Cockpit();
+    GrenzeTippen("2.000.000");
+    bool beendet = false, imLauf = false;
+    SofortEndeHook = [&] {
+        if (beendet) return;
+        beendet = true;
+        imLauf = !Steuer<QPushButton>(cockpit_, "btnStart", 0)->isEnabled();
+    };
+    DesktopMitAufzeichnung desktop(ui);
+    OberflaecheSetzen(&desktop);
+    QTimer::singleShot(0, cockpit_, [this] { cockpit_->close(); });
+    Starten(0);
+    OberflaecheSetzen(&ui);
+    EXPECT_TRUE(beendet);
+    EXPECT_TRUE(imLauf);
+    EXPECT_EQ(IniLesen("Start", "txtGrenze"), "2000000");
+}
+
+// The stop watch opens with the first job, never empty at start, and never stays "running"
+// after the job.
+TEST_F(CockpitTest, TheStopWatchShowsJobsOnly) {
+    IniSchreiben("Start", "chkStoppUhr", "1");
+    Cockpit();
+    ASSERT_TRUE(StoppUhrAktiv);
+    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 0);
+    GrenzeTippen("100.000");
+    Starten(0);
+    EXPECT_EQ(FensterAnzahl("frmStoppUhr"), 1);
+    EXPECT_EQ(Suche<QLabel>("lblAufgabe")->text(), Suche<QPushButton>("btnStart", 0)->text().remove('&'));
+    EXPECT_FALSE(StoppUhr.laeuft);
+}
+
+// Every window that can be opened now has a help page under its key, F1 finds it, and the two
+// Collatz graphics carry their own captions.
+TEST_F(CockpitTest, EveryWindowHasItsHelpPage) {
+    Cockpit();
+    EXPECT_EQ(Suche<QPushButton>("btnUntersuchung", 20)->text(), "Balkengrafik");
+    EXPECT_EQ(Suche<QPushButton>("btnUntersuchung", 21)->text(), "Schrittgrafik");
+    GrenzeTippen("100.000");
+    Starten(0);
+    Suche<QPushButton>("btnUntersuchung", 22)->click();
+    auto* erste = Offen<frmAnzeige>();
+    QApplication::setActiveWindow(erste);
+    QTest::keyClick(erste, Qt::Key_F1);
+    EXPECT_TRUE(Suche<QTextBrowser>("txtSeite")->source().toLocalFile().endsWith("anzeige.html"));
+    for (int i = 0; i < UntersuchungAnzahl; ++i) {
+        const sw::Untersuchung& u = UntersuchungVon(i);
+        if (u.fenster && FensterVorhanden(u.fenster) && u.modus != 6) Suche<QPushButton>("btnUntersuchung", i)->click();
+    }
+    for (const char* menue : {"mnuPrimModify", "mnuSpeicherAuslastung"}) Suche<QAction>(menue)->trigger();
+    auto* anzeige = Offen<frmAnzeige>();
+    ASSERT_NE(anzeige, nullptr);
+    Steuer<QLineEdit>(anzeige, "txtEingabe", 0)->setText("1.000");
+    Steuer<QLineEdit>(anzeige, "txtEingabe", 1)->setText("1.000");
+    QTest::mouseClick(Steuer<QPushButton>(anzeige, "btnGO"), Qt::LeftButton);
+    QTest::mouseClick(Steuer<QPushButton>(anzeige, "btnSuchen"), Qt::LeftButton);
+    anzeige->ZahlZeigen(Decimal(1009));
+    HilfeInhalt();
+    int fenster = 0;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* f = qobject_cast<Fenster*>(w);
+        if (!f || !f->isVisible()) continue;
+        ++fenster;
+        EXPECT_NE(HilfeSeiteZu(f->HilfeKey()), nullptr) << f->objectName().toStdString() << ": "
+                                                        << f->HilfeKey().toStdString();
+    }
+    EXPECT_GE(fenster, 9);
+
+    EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
+}
+
+
+// Words in the number fields of the option pages and of the raster modification are refused
+// with the field's name, never with a bare run-time error; the page stays open.
+TEST_F(CockpitTest, RefusedNumbersNameTheirField) {
+    Cockpit();
+    GrenzeTippen("100.000");
+    Starten(0);
+    const struct {
+        const char *menue, *feld, *name;
+    } faelle[] = {
+        {"mnuZahlenDarstellung", "txtNachKommaExtern", "Angezeigte Nachkommastellen"},
+        {"mnuZahlenDarstellung", "txtMaxFormatStellen", "Kürzen ab Stellen"},
+        {"mnuZahlensystem", "txtZahlenSystem", "Basis"},
+        {"mnuPrimModify", "txtGrenze", "Primzahlen bis"},
+    };
+    for (const auto& f : faelle) {
+        SCOPED_TRACE(f.feld);
+        ui.meldungen.clear();
+        Suche<QAction>(f.menue)->trigger();
+        QWidget* fenster = QString(f.menue) == "mnuPrimModify" ? Suche<QWidget>("frmPrimModify") : cockpit_;
+        Steuer<QLineEdit>(fenster, f.feld)->setText("zwölf");
+        Steuer<QPushButton>(fenster, "btnGO")->click();
+        ASSERT_EQ(ui.meldungen.size(), 1u);
+        EXPECT_NE(ui.meldungen[0].text.find(std::string("\"") + f.name + "\""), std::string::npos) << ui.meldungen[0].text;
+        EXPECT_EQ(ui.meldungen[0].text.find("Nr."), std::string::npos) << ui.meldungen[0].text;
+        EXPECT_TRUE(fenster->isVisible());
+        EXPECT_TRUE(RasterEcht);
+    }
+    EXPECT_EQ(ZahlenSystem, 10);
 }
 
 }  // namespace

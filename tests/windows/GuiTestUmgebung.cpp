@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include "windows/Dialoge.h"
+#include "windows/OberflaecheDesktop.h"
 
 namespace sw::test {
 
@@ -27,6 +28,7 @@ void GuiTest::SetUpTestSuite() {
     // Lives as long as the program: Qt must not be torn down between tests.
     static QApplication* app = new QApplication(argc, argv);
     (void)app;
+    QtTexteDeutsch();  // as the program does at start
 }
 
 void GuiTest::SetUp() { SwTest::SetUp(); }
@@ -43,6 +45,8 @@ void GuiTest::TearDown() {
     DateiDialogHook = nullptr;
     FarbDialogHook = nullptr;
     DruckDialogHook = nullptr;
+    ProgrammEndeAnfordern(false);
+    SofortEndeHook = nullptr;
     SwTest::TearDown();
 }
 

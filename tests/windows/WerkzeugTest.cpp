@@ -1,6 +1,11 @@
 // The window toolkit: what text boxes keep, stored values across closing and opening, the
 // icon row's save, help opening the right page, and the guard of the event handlers.
+#include <QAbstractButton>
 #include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTimer>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -134,10 +139,45 @@ TEST_F(WerkzeugTest, TheHandlerGuardShowsErrorsAndLetsNothingEscape) {
     EXPECT_FALSE(Behandeln([] { throw std::bad_alloc(); }));
     EXPECT_FALSE(Behandeln([] { throw std::runtime_error("kaputt"); }));
     ASSERT_EQ(ui.meldungen.size(), 3u);
-    EXPECT_EQ(ui.meldungen[0].titel, "SW - Error");
+    EXPECT_EQ(ui.meldungen[0].titel, "SW - Fehler");
     EXPECT_EQ(ui.meldungen[0].text, Text(FehlerTextKey) + "\nNr.: 6 " + FehlerBeschreibung(6));
-    EXPECT_EQ(ui.meldungen[1].titel, "SW - Memory");
+    EXPECT_EQ(ui.meldungen[1].titel, "SW - Speicher");
     EXPECT_NE(ui.meldungen[2].text.find("kaputt"), std::string::npos);
+}
+
+
+// Boxes and the toolkit's own dialogs speak German: the buttons of a question, and those of the
+// file dialog the icons and menus open.
+TEST_F(WerkzeugTest, DialogsSpeakGerman) {
+    OberflaecheDesktop desktop;
+    QStringList knoepfe;
+    QTimer::singleShot(0, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) return;
+        QAbstractButton* nein = nullptr;
+        for (QAbstractButton* b : box->buttons()) {
+            knoepfe << b->text().remove('&');
+            if (box->buttonRole(b) == QMessageBox::NoRole) nein = b;
+        }
+        if (nein) {
+            nein->click();
+        } else {
+            box->reject();
+        }
+    });
+    EXPECT_EQ(desktop.Meldung("SW-Stop?", "?", MeldungsSymbol::Frage, MeldungsKnoepfe::JaNeinAbbrechen), AntwortNein);
+    knoepfe.sort();
+    EXPECT_EQ(knoepfe, QStringList({"Abbrechen", "Ja", "Nein"}));
+
+    QFileDialog dialog;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    QStringList texte;
+    for (auto* leiste : dialog.findChildren<QDialogButtonBox*>()) {
+        for (QAbstractButton* b : leiste->buttons()) texte << b->text().remove('&');
+    }
+    EXPECT_TRUE(texte.contains("Abbrechen")) << texte.join(", ").toStdString();
+    EXPECT_TRUE(texte.contains("Speichern")) << texte.join(", ").toStdString();
 }
 
 }  // namespace
