@@ -65,7 +65,7 @@ frmFaktorAnzeige::frmFaktorAnzeige(QWidget* eltern) : Fenster("frmFaktorAnzeige"
             }));
 
     IconsAufbauen("");
-    FensterLaden(q(AktivesFenster));
+    FensterLaden("Faktorisierung großer Zahlen");  // opened from the menu and from frmFaktor alike
     liste_->clear();
     lblStufe_->clear();
     setMinimumSize(560, 400);
