@@ -20,7 +20,8 @@ Decimal VorherigePrim(const Decimal& n);     // greatest prime < n, 0 if none
 Decimal PrimAnzahl(const Decimal& von, const Decimal& bis);  // whole words by popcount
 std::string FaktorenText(const Decimal& n);  // "2x2x3x7"; "?" behind an unproved last factor
 int32_t MersenneNaechsterExponent(int32_t n);
-// Method 3: the block file of the limit, else a larger one cut down, else SiebProdukt.
+// Method 3: the block file of the limit, else a larger one cut down, else SiebProdukt on a
+// raster pre-sieved anew. Throws std::bad_alloc when that raster cannot be had.
 void BereichBeschaffen();
 
 // The number of zero bits in a run of raster words, at the speed of memory.
