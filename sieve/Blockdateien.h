@@ -23,8 +23,8 @@ bool BlockLaden(const std::string& pfad);
 bool GroesserenBlockNutzen();
 // True if the file part of the path is "P" + three digits + ".BLK" (ending in any case).
 bool BlockDateiGueltig(const std::string& pfad);
-// Writes all words of a raster to a file (existing longer files keep their excess bytes,
-// as the program always did). False, after a clear message, if the file cannot be written.
+// Writes all words of a raster to a file, which it replaces whole. False, after a clear
+// message, if the file cannot be written.
 bool RasterSpeichern(const std::string& pfad, const std::vector<uint32_t>& raster);
 // The load of mnuLaden after the dialog and the preparation: the limit derived from the
 // length (never above the one the file was saved at), the words up to it read,
