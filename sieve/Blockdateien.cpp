@@ -14,6 +14,7 @@
 #include <new>
 
 #include "frame/Meldungen.h"
+#include "frame/Oberflaeche.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -79,16 +80,18 @@ bool allesLesen(int fd, void* ziel, size_t bytes, const std::string& pfad) {
     return true;
 }
 
-// Allocates the raster to index 0..letzter, zeroed, and reads the file's words into its
-// start. On failure the raster is left as one zero word, which no reader goes beyond.
-bool rasterAusDatei(int fd, size_t worteDatei, size_t letzter, const std::string& pfad) {
+// The read goes in pieces with a yield between them: a block of a large limit takes seconds
+// to read, and the windows stay alive meanwhile.
+constexpr size_t LeseWorte = size_t(1) << 18;
+
+// Makes PrimaerRaster the first worte words of the file. On failure the raster is left as one
+// zero word (RasterLetzterIndex 0), which no reader goes beyond.
+bool rasterAusDatei(int fd, size_t worte, const std::string& pfad) {
     try {
         // The pre-sieved raster of the same limit is reused as it stands: it saves a second
         // allocation and zero fill of the whole raster, which would cost more than the read.
-        const size_t worte = letzter + 1;
         if (PrimaerRaster.capacity() >= worte && PrimaerRaster.capacity() <= 2 * worte) {
             PrimaerRaster.resize(worte);
-            std::fill(PrimaerRaster.begin() + ptrdiff_t(std::min(worteDatei, worte)), PrimaerRaster.end(), 0u);
         } else {
             RasterNeuAnlegen(worte);
         }
@@ -98,11 +101,37 @@ bool rasterAusDatei(int fd, size_t worteDatei, size_t letzter, const std::string
         return false;
     }
     RasterAdresseAuffrischen();
-    if (!allesLesen(fd, PrimaerRaster.data(), worteDatei * sizeof(uint32_t), pfad)) {
-        RasterAufEinWort();
-        return false;
+    for (size_t ab = 0; ab < worte; ab += LeseWorte) {
+        if (ab > 0) DoEvents();
+        const size_t stueck = std::min(LeseWorte, worte - ab);
+        if (!allesLesen(fd, PrimaerRaster.data() + ab, stueck * sizeof(uint32_t), pfad)) {
+            RasterAufEinWort();
+            return false;
+        }
     }
     return true;
+}
+
+// Trial division, for the few numbers of one raster word (below 2^38, so at most a few
+// hundred thousand divisions).
+bool durchProbeDivisionPrim(uint64_t n) {
+    if (n < 2) return false;
+    if (n % 2 == 0) return n == 2;
+    for (uint64_t d = 3; d * d <= n; d += 2) {
+        if (n % d == 0) return false;
+    }
+    return true;
+}
+
+// Whether a number of the word k at or below bis reads struck although it is prime. A raster
+// saved at the end of a run has all numbers above its limit struck, so such a number proves
+// that the limit lay below it.
+bool primzahlGestrichen(uint32_t wort, int64_t k, int64_t bis) {
+    for (int i = 1; i <= 32; ++i) {
+        const int64_t n = RasterSpanne * k + RasterRest[i];
+        if (n <= bis && (wort & BitMaske[i]) && durchProbeDivisionPrim(uint64_t(n))) return true;
+    }
+    return false;
 }
 
 class DateiSchliessen {
@@ -144,14 +173,16 @@ std::string NaechsterBlockName() {
 
 // Only the length decides what a file holds, so a file that is too short for the limit, or
 // whose length is no whole number of words, or whose word 0 is not that of a finished raster,
-// is refused with a box: it would otherwise stand as a wrong raster.
+// is refused with a box: it would otherwise stand as a wrong raster. Only the words up to the
+// limit are read, so that a small limit loads a large block in a moment.
 bool BlockLaden(const std::string& pfad) {
+    const int32_t letzter = RasterLetzterIndex;
     int fd = -1;
     const int64_t laenge = lesbareLaenge(pfad, fd);
     if (laenge < 0) return false;
     DateiSchliessen schliessen(fd);
     const size_t worte = size_t(laenge) / sizeof(uint32_t);
-    const size_t noetig = size_t(RasterLetzterIndex) + 1;
+    const size_t noetig = size_t(letzter) + 1;
     if (laenge % 4 != 0 || worte < noetig) {
         dateiFehler(TextBlockPasstNicht, FehlerDateiende, pfad,
                     "die Datei hält " + ZahlFormat(static_cast<long long>(laenge)) + " Bytes, die Grenze braucht " +
@@ -163,10 +194,23 @@ bool BlockLaden(const std::string& pfad) {
         dateiFehler(TextBlockPasstNicht, FehlerDateizugriff, pfad, "Wort 0 ist nicht das eines fertigen Rasters");
         return false;
     }
-    const int32_t letzter = RasterLetzterIndex;
-    if (!rasterAusDatei(fd, worte, worte, pfad)) return false;
+    bool geladen = rasterAusDatei(fd, noetig, pfad);
+    if (geladen) {
+        // Every word of a finished raster but word 0 holds a struck multiple of 7; a word of
+        // zeros is a hole in the file (a file that was only extended, or cut and padded).
+        const auto leer = std::find(PrimaerRaster.begin() + 1, PrimaerRaster.end(), 0u);
+        if (leer != PrimaerRaster.end()) {
+            dateiFehler(TextBlockPasstNicht, FehlerDateizugriff, pfad,
+                        "Wort " + ZahlFormat(static_cast<long long>(leer - PrimaerRaster.begin())) +
+                            " ist leer, die Datei hält kein fertiges Raster");
+            RasterAufEinWort();
+            geladen = false;
+        }
+    }
+    // A failed load leaves a raster of one word; the limit asked for stays, so that the
+    // caller builds the raster of that limit anew.
     RasterLetzterIndex = letzter;
-    return true;
+    return geladen;
 }
 
 bool GroesserenBlockNutzen() {
@@ -188,11 +232,7 @@ bool GroesserenBlockNutzen() {
     auto treffer = std::lower_bound(namen.begin(), namen.end(), ziel);
     if (treffer == namen.end()) return false;
     if (!BlockLaden(ProgrammPfad + *treffer)) return false;
-
-    // Cut down to the limit; the numbers of the last word above the limit are struck.
-    PrimaerRaster.resize(size_t(RasterLetzterIndex) + 1);
-    if (PrimaerRaster.capacity() > 2 * PrimaerRaster.size()) PrimaerRaster.shrink_to_fit();
-    RasterAdresseAuffrischen();
+    // The load took the words up to the limit; the numbers of the last word above it are struck.
     UeberGrenzeStreichen();
     return true;
 }
@@ -239,6 +279,10 @@ bool RasterSpeichern(const std::string& pfad, const std::vector<uint32_t>& raste
     return true;
 }
 
+// The file says nothing of its limit but its length: the last word holds the limit somewhere.
+// The limit is the last multiple of 1000 up to the end of that word, which gives a round
+// limit back as it was saved; where that multiple lies inside the last word, a prime struck
+// below it shows that the raster was saved at a lower limit, and the multiple before is taken.
 bool PrimaerBlockLaden(const std::string& pfad) {
     int fd = -1;
     const int64_t laenge = lesbareLaenge(pfad, fd);
@@ -251,7 +295,15 @@ bool PrimaerBlockLaden(const std::string& pfad) {
         return false;
     }
     const int64_t worte = laenge / 4;
-    const int64_t grenze = (int64_t(RasterSpanne) * (worte + 1)) / 1000 * 1000;
+    int64_t grenze = (int64_t(RasterSpanne) * worte - 1) / 1000 * 1000;
+    if (grenze >= 1000 && grenze / RasterSpanne == worte - 1) {
+        uint32_t letztes = 0;
+        if (::pread(fd, &letztes, sizeof letztes, off_t(laenge - 4)) != ssize_t(sizeof letztes)) {
+            dateiFehler(TextBlockNichtLesbar, FehlerDateizugriff, pfad, std::strerror(errno));
+            return false;
+        }
+        if (primzahlGestrichen(letztes, worte - 1, grenze)) grenze -= 1000;
+    }
     if (grenze < 1000) {
         MsgInfo(469);
         return false;
@@ -260,13 +312,12 @@ bool PrimaerBlockLaden(const std::string& pfad) {
         MsgLimit(Laufzeitfehler(FehlerUeberlauf));
         return false;
     }
-    // One word more than the file holds, left at zero above the limit: the index is the
-    // file's word count, as the program always derived it.
-    if (!rasterAusDatei(fd, size_t(worte), size_t(worte), pfad)) {
-        RasterBereit = false;
+    const int64_t letzter = grenze / RasterSpanne;
+    if (!rasterAusDatei(fd, size_t(letzter) + 1, pfad)) {
+        LaufVerworfen();
         return false;
     }
-    RasterLetzterIndex = int32_t(worte);
+    RasterLetzterIndex = int32_t(letzter);
     PrimaerGrenze = Decimal(grenze);
     PrimaerWurzel = int32_t(std::sqrt(double(grenze)));
     PrimaerWurzelWort = PrimaerWurzel / RasterSpanne;

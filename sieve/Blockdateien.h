@@ -15,19 +15,21 @@ namespace sw {
 std::string BlockName(const Decimal& grenze);
 // The name of the first round limit at or above PrimaerGrenze.
 std::string NaechsterBlockName();
-// Loads a file into PrimaerRaster (one spare zero word), RasterLetzterIndex unchanged.
-// On failure shows "SW - Speicher" (or a clear message for an unreadable file), false.
+// Loads the words 0..RasterLetzterIndex of a file into PrimaerRaster; RasterLetzterIndex
+// stays. On failure shows "SW - Speicher" (or a clear message for an unreadable file) and gives
+// false; the raster may then be gone (one word) or partly read, and must be built anew.
 bool BlockLaden(const std::string& pfad);
 // A larger block file of ProgrammPfad, loaded and cut down to PrimaerGrenze; false if none.
 bool GroesserenBlockNutzen();
 // True if the file part of the path is "P" + three digits + ".BLK" (ending in any case).
 bool BlockDateiGueltig(const std::string& pfad);
-// Writes all words of a raster to a file (existing longer files keep their excess bytes,
-// as the program always did). False, after a clear message, if the file cannot be written.
+// Writes all words of a raster to a file, which it replaces whole. False, after a clear
+// message, if the file cannot be written.
 bool RasterSpeichern(const std::string& pfad, const std::vector<uint32_t>& raster);
-// The load of mnuLaden after the dialog and the preparation: RasterLetzterIndex from the
-// length, RasterAnlegen, read, limit derived from the size, PrimaerWurzel(Wort) anew,
-// LaufAbschliessen, RasterEcht = BlockDateiGueltig. False (after a message) on failure.
+// The load of mnuLaden after the dialog and the preparation: the limit derived from the
+// length (never above the one the file was saved at), the words up to it read,
+// PrimaerWurzel(Wort) anew, LaufAbschliessen, RasterEcht = BlockDateiGueltig. False (after a
+// message) on failure; the raster in memory stays unless the read itself failed.
 bool PrimaerBlockLaden(const std::string& pfad);
 
 }  // namespace sw

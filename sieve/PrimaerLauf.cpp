@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
@@ -84,16 +85,29 @@ void LaufAbschliessen() {
     RasterBereit = true;
 }
 
+void LaufVerworfen() {
+    RasterBereit = false;
+    RasterAufEinWort();
+    PrimaerGrenze = PrimaerQuadrat = Decimal();
+    PrimaerWurzel = PrimaerWurzelWort = 0;
+}
+
 bool PrimaerLauf(const Decimal& grenze, int32_t methode) {
     if (!GrenzeSetzen(grenze) || !MethodeZulaessig(methode)) return false;
     if (!RasterVorsieben()) {
         // The old raster is gone and the new one could not be had.
-        RasterBereit = false;
+        LaufVerworfen();
         return false;
     }
     DoEvents();
     StartZeit = Timer();
-    MethodeAusfuehren(methode);
+    try {
+        MethodeAusfuehren(methode);
+    } catch (const std::bad_alloc&) {
+        LaufVerworfen();
+        MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
+        return false;
+    }
     LaufAbschliessen();
     return true;
 }

@@ -73,11 +73,25 @@ bool RasterAnlegen() {
     return true;
 }
 
-bool RasterVorsieben() {
-    if (!RasterAnlegen()) return false;
+namespace {
+
+void vorsieben() {
     aSeave7_11(PrimaerRasterAdresse, RasterLetzterIndex);
     PrimaerRaster[0] |= BitMaske[1];
+}
+
+}  // namespace
+
+bool RasterVorsieben() {
+    if (!RasterAnlegen()) return false;
+    vorsieben();
     return true;
+}
+
+void RasterNeuVorsieben() {
+    RasterNeuAnlegen(size_t(RasterLetzterIndex) + 1);
+    RasterAdresseAuffrischen();
+    vorsieben();
 }
 
 // The hot loop of the program. Everything it touches lives in locals: the raster as a raw

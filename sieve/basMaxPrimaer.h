@@ -17,6 +17,9 @@ void RasterAufEinWort();
 bool RasterAnlegen();
 // RasterAnlegen, then the multiples of 7 and 11 and the bit of 1.
 bool RasterVorsieben();
+// The same for a step inside a run, whose caller reports the failure: throws std::bad_alloc,
+// and the old raster is gone then.
+void RasterNeuVorsieben();
 // Method 0: strikes the products of unstruck numbers, then the square pass.
 void SiebProdukt();
 // Strikes n^2 for the odd n from 13 to PrimaerWurzel.

@@ -4,8 +4,10 @@
 #include <string>
 
 #include "frame/Fortschritt.h"
+#include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
+#include "sieve/PrimaerLauf.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/basSekundaer.h"
 
@@ -65,14 +67,20 @@ bool SekundaerQuadrato(const Decimal& start, const Decimal& ende, SekundaerForts
     const Decimal letzter = ende / spanne * spanne;
     if (letzter < basis) return false;
     const uint64_t woerter = uint64_t(((letzter - basis) / spanne).AlsInt64()) + 1;
+    // The window is sieved up to the root of its last number, beyond the primary raster too
+    // (its primes are sieved on the way); only beyond the largest raster there could be is
+    // the sieve cut short, and the user told so.
     Decimal grenze = GanzeWurzel(basis + Decimal(woerter * RasterSpanne - 1));
-    if (PrimaerGrenze < grenze) grenze = PrimaerGrenze;
+    if (grenze > GroessteGrenze()) {
+        grenze = GroessteGrenze();
+        MsgInfo(514);
+    }
     QuadratoStand stand{ziel};
     return SekundaerFensterSetzen(basis.Betrag(), woerter, uint64_t(grenze.AlsInt64()), quadratoFortschritt, &stand);
 }
 
-int32_t SekundaerQuadratoZaehlen(const Decimal& von, const Decimal& bis) {
-    return int32_t(SekundaerAnzahl(von, bis));
+int64_t SekundaerQuadratoZaehlen(const Decimal& von, const Decimal& bis) {
+    return int64_t(SekundaerAnzahl(von, bis));
 }
 
 }  // namespace sw

@@ -16,12 +16,12 @@ void SiebQuadratDifferenz();
 // The window of the prime display's mode 5, from start to the number ende (not a length):
 // SekundaerStart = start rounded down to a multiple of 120, words up to ende div 120. Every
 // composite a(a + 2y) of the window, a its smallest prime factor, is struck, with the progress
-// on ziel (may be null). The primes up to the root of the window's end must stand in the
-// primary raster; above that the window holds the numbers free of the raster's primes.
-// Out of memory: "SW - Speicher" and false.
+// on ziel (may be null). The sieving primes beyond the primary raster are sieved on the way,
+// up to the largest limit a raster could have (beyond, text 514 and a window that may hold
+// composites). Out of memory: "SW - Speicher" and false.
 class SekundaerFortschrittZiel;
 bool SekundaerQuadrato(const Decimal& start, const Decimal& ende, SekundaerFortschrittZiel* ziel);
 // The primes n of that window with von <= n <= bis.
-int32_t SekundaerQuadratoZaehlen(const Decimal& von, const Decimal& bis);
+int64_t SekundaerQuadratoZaehlen(const Decimal& von, const Decimal& bis);
 
 }  // namespace sw

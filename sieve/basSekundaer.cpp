@@ -209,12 +209,32 @@ inline uint64_t RadStreichen(uint32_t* raster, uint64_t pos, uint64_t p, uint32_
     return pos;
 }
 
-// Calls f(p) for every prime 7 <= p <= bis of the primary raster, in ascending order.
+// The largest number the primary raster answers for: its limit, or the end of its words if
+// it has fewer (one word after a failure); 0 if no run has finished.
+uint64_t rasterReichweite() {
+    if (!RasterBereit || PrimaerRaster.empty()) return 0;
+    return std::min<uint64_t>(uint64_t(PrimaerGrenze.AlsInt64()), PrimaerRaster.size() * RasterSpanne - 1);
+}
+
+uint64_t ganzeWurzel(uint64_t n) {
+    uint64_t w = uint64_t(std::sqrt(double(n)));
+    while (w * w > n) --w;
+    while ((w + 1) * (w + 1) <= n) ++w;
+    return w;
+}
+
+// Calls f(p) for every prime 7 <= von <= p <= bis, in ascending order. They come from the
+// primary raster as far as it reaches; beyond it from windows of a block's length sieved here,
+// by the primes up to their roots, which come the same way. Each level takes a square root, so
+// a raster of 1000 serves windows up to 10^12 directly and any window through a few levels,
+// at the cost of sieving up to the root of the window once more.
 template <typename F>
 void SiebPrimzahlen(uint64_t von, uint64_t bis, F&& f) {
     if (PrimaerRaster.empty()) return;
     const uint32_t* raster = PrimaerRaster.data();
-    const uint64_t letztes = std::min<uint64_t>(bis / RasterSpanne, PrimaerRaster.size() - 1);
+    const uint64_t reicht = rasterReichweite();
+    const uint64_t ende = reicht ? std::min(bis, reicht) : bis;
+    const uint64_t letztes = std::min<uint64_t>(ende / RasterSpanne, PrimaerRaster.size() - 1);
     for (uint64_t k = von / RasterSpanne; k <= letztes; ++k) {
         const uint32_t wort = raster[k];
         if (wort == 0xFFFFFFFFu) continue;
@@ -223,9 +243,21 @@ void SiebPrimzahlen(uint64_t von, uint64_t bis, F&& f) {
             frei &= ~(0x80000000u >> i);
             const uint64_t p = k * RasterSpanne + uint64_t(RasterRest[i + 1]);
             if (p < von || p < 7) continue;
-            if (p > bis) return;
+            if (p > ende) break;
             f(p);
         }
+    }
+    // Without the limit of a finished run (at least 1000) the roots would not shrink below it.
+    if (reicht < 1000 || bis <= reicht) return;
+    std::vector<uint32_t> fenster;
+    for (uint64_t a = std::max(von, reicht + 1); a <= bis;) {
+        const uint64_t basis = a / RasterSpanne * RasterSpanne;
+        const uint64_t woerter = std::min<uint64_t>(BlockWoerter, (bis - basis) / RasterSpanne + 1);
+        const uint64_t oben = basis + woerter * RasterSpanne - 1;
+        fenster.assign(woerter, 0);
+        SekundaerFensterSieben(fenster.data(), woerter, basis, ganzeWurzel(oben));
+        FreieBitsDurchlaufen(fenster.data(), 0, woerter, basis, a, bis, [&](uint64_t p) { return f(p), true; });
+        a = oben + 1;
     }
 }
 
@@ -484,12 +516,12 @@ uint64_t SekundaerAnzahl(const Decimal& von, const Decimal& bis) {
     return anzahl;
 }
 
-int32_t SekundaerZaehlen(const Decimal& von, const Decimal& bis) {
+int64_t SekundaerZaehlen(const Decimal& von, const Decimal& bis) {
     if (von < SekundaerStart || bis > SekundaerEnde) {
         MsgBereich();
         return 0;
     }
-    return int32_t(SekundaerAnzahl(von, bis));
+    return int64_t(SekundaerAnzahl(von, bis));
 }
 
 bool SekundaerIstPrim(const Decimal& n) {

@@ -46,8 +46,8 @@ bool SekundaerPruefen(const Decimal& start, const Decimal& laenge);
 // and false, the old range left standing.
 bool SekundaerSieben(const Decimal& start, const Decimal& laenge);
 // Primes n of the range with von <= n <= bis; text 207 and 0 if [von, bis] leaves the range.
-int32_t SekundaerZaehlen(const Decimal& von, const Decimal& bis);
-// The same without the box and the 32-bit result, for callers that count whole windows.
+int64_t SekundaerZaehlen(const Decimal& von, const Decimal& bis);
+// The same without the box, for callers that count whole windows.
 uint64_t SekundaerAnzahl(const Decimal& von, const Decimal& bis);
 // Whether n is a prime of the range; false for numbers outside it.
 bool SekundaerIstPrim(const Decimal& n);
@@ -55,9 +55,10 @@ bool SekundaerIstPrim(const Decimal& n);
 bool SekundaerAnfrageGross();
 
 // Strikes into a zeroed raster (woerter words, word w covering start + 120w ..) every multiple of the
-// primes 7 <= p <= grenze of the primary raster except p itself, and the number 1. start is a
-// multiple of 120; grenze <= PrimaerGrenze. beiSegment(fertig, gesamt) is called after each
-// cache-sized segment (progress and yield). This is the engine under SekundaerSieben, open
+// primes 7 <= p <= grenze except p itself, and the number 1. start is a multiple of 120. The
+// primes come from the primary raster; those above its limit are sieved on the way, from the
+// primes up to their root (the primary raster must be a finished one for that).
+// beiSegment(fertig, gesamt) is called after each cache-sized segment (progress and yield). This is the engine under SekundaerSieben, open
 // for callers that sieve their own windows (sw-cli walks a long range window by window).
 using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,

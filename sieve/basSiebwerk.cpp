@@ -245,14 +245,12 @@ int32_t MersenneNaechsterExponent(int32_t n) {
 
 void BereichBeschaffen() {
     const std::string name = BlockName(PrimaerGrenze);
-    if (!name.empty() && std::ifstream(ProgrammPfad + name, std::ios::binary).is_open()) {
-        if (BlockLaden(ProgrammPfad + name)) return;
-    } else if (GroesserenBlockNutzen()) {
-        return;
-    }
-    // No usable block. A failed load leaves a raster of one word behind; then the raster is
-    // pre-sieved again before the main sieve runs on it.
-    if (PrimaerRaster.size() != size_t(RasterLetzterIndex) + 1 && !RasterVorsieben()) return;
+    const bool eigener = !name.empty() && std::ifstream(ProgrammPfad + name, std::ios::binary).is_open();
+    if (eigener ? BlockLaden(ProgrammPfad + name) : GroesserenBlockNutzen()) return;
+    // No usable block. A load that failed may have given up the pre-sieved raster, or filled
+    // part of it from the file before the read broke off; the main sieve needs it whole and
+    // pre-sieved, so it is built anew (std::bad_alloc if that is impossible).
+    RasterNeuVorsieben();
     SiebProdukt();
 }
 

@@ -30,7 +30,8 @@ inline std::string FaktorText(const Decimal& n) { return FaktorenText(n); }
 void FaktorPrimaer(Decimal& rest, std::string& text);
 void FaktorSekundaer(Decimal& rest, std::string& text);
 int32_t MersenneNaechsterExponent(int32_t n);
-// Method 3: the block file of the limit, else a larger one cut down, else SiebProdukt.
+// Method 3: the block file of the limit, else a larger one cut down, else SiebProdukt on a
+// raster pre-sieved anew. Throws std::bad_alloc when that raster cannot be had.
 void BereichBeschaffen();
 
 // The number of zero bits in a run of raster words, at the speed of memory.

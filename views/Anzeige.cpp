@@ -13,6 +13,7 @@
 #include "sieve/basQuadrato.h"
 #include "sieve/basSekundaer.h"
 #include "sieve/basSiebwerk.h"
+#include "views/RasterVorhanden.h"
 
 namespace sw {
 
@@ -65,6 +66,8 @@ Decimal AnzeigeLogik::ZelleZahl(int32_t zeile, int32_t spalte) const {
 }
 
 bool AnzeigeLogik::BereichHolen(const std::string& anfangText, const std::string& laengeText) {
+    // Only the random raster shows something without the primary raster.
+    if ((ZufallModus == 0 || Modus == 5) && !PrimaerRasterVorhanden()) return false;
     StoppUhrStart("Anzeige " + BasisBeschriftung());
     fenster_.NavigationSchalten(false);
     Decimal anfang, laenge;
@@ -115,18 +118,18 @@ bool AnzeigeLogik::holen() {
         meinEnde_ = SekundaerEnde;
         Anzahl = SekundaerQuadratoZaehlen(Anfang, Ende);
         fenster_.FortschrittVerbergen();
-        fenster_.AnzahlZeigen(ZahlFormatLong(Anzahl));
+        fenster_.AnzahlZeigen(ZahlFormat(static_cast<long long>(Anzahl)));
     } else {
         ImPrimaerbereich = false;
         if (Ende <= PrimaerGrenze && RasterBereit) {
             if (Anfang.IstNull()) Anfang = Decimal(1);
             ImPrimaerbereich = true;
             // 2, 3 and 5 by hand; from 7 on the raster's count (which leaves them out).
-            int32_t klein = 0;
+            int64_t klein = 0;
             for (int32_t p : {2, 3, 5}) klein += Decimal(p) >= Anfang && Decimal(p) <= Ende;
             const Decimal ab = Anfang < Decimal(7) ? Decimal(7) : Anfang;
-            Anzahl = klein + (ab <= Ende ? PrimAnzahl(ab, Ende).AlsLong() : 0);
-            fenster_.AnzahlZeigen(ZahlFormatLong(Anzahl));
+            Anzahl = klein + (ab <= Ende ? PrimAnzahl(ab, Ende).AlsInt64() : 0);
+            fenster_.AnzahlZeigen(ZahlFormat(static_cast<long long>(Anzahl)));
         } else {
             if (!AnzeigeStumm && Laenge > Decimal(100000000) && !SekundaerAnfrageGross()) return false;
             if (ZufallModus != 0) {
@@ -146,7 +149,7 @@ bool AnzeigeLogik::holen() {
                 meinEnde_ = SekundaerEnde;
                 Anzahl = SekundaerZaehlen(Anfang, Ende);
                 fenster_.FortschrittVerbergen();
-                fenster_.AnzahlZeigen(ZahlFormatLong(Anzahl));
+                fenster_.AnzahlZeigen(ZahlFormat(static_cast<long long>(Anzahl)));
             }
         }
     }
@@ -186,8 +189,16 @@ void AnzeigeLogik::Blaettern(int32_t befehl) {
     if (!BereichBereit) return;
     const Decimal seite = SeitenZahlen(), zeile = ZeilenZahlen();
     const auto letzte = [&] {
-        const Decimal n = Ende - seite + Decimal(1);
-        Aktuell = n < Anfang ? Anfang : n;
+        Decimal n = Ende - seite + Decimal(1);
+        if (n < Anfang) {
+            Aktuell = Anfang;
+            return;
+        }
+        // Outside mode 0 a page starts at the multiple of 30 at or below Aktuell; rounded
+        // up to one, the last page still reaches Ende.
+        const Decimal rest = n % Dreissig;
+        if (Modus != 0 && !rest.IstNull()) n = n + Dreissig - rest;
+        Aktuell = n;
     };
     switch (befehl) {
         case 0: Aktuell = Anfang; break;
@@ -360,6 +371,13 @@ bool AnzeigeLogik::Suchen(int16_t art) {
     } else if (!musterBauen(art)) {
         return false;
     }
+    // The search looks behind Aktuell, so a pattern as wide as the range never fits in it,
+    // nor in any range it moves on to.
+    const int32_t breite = art == SucheLueckeArt ? 0 : SucheMuster.back();
+    if (art != SucheLueckeArt && Decimal(breite) >= Laenge) {
+        MsgInfoP1P2(1000, ZahlFormat(static_cast<long long>(breite)), ZahlFormat(Laenge));
+        return false;
+    }
     StummWaechter waechter;
     Decimal vorige;
     for (;;) {
@@ -376,12 +394,20 @@ bool AnzeigeLogik::Suchen(int16_t art) {
             fenster_.Zeichnen();
             return true;
         }
-        if (!SekundaerDurchsuchen || Modus == 6 || SucheAbbruch) return false;
-        // On into the next range; the two overlap by one word, so a pattern across the seam
-        // lies whole in the next one. A range shorter than two words overlaps by half its
-        // length, and the search moves on by at least one number, so it never stands still.
+        if (SucheAbbruch) return false;
+        if (!SekundaerDurchsuchen || Modus == 6) {
+            MsgInfo(1001);
+            return false;
+        }
+        // On into the next range. A first prime in the last numbers of this range, whose
+        // pattern reached beyond its end, could not be tested here; the ranges overlap by the
+        // pattern's width, at least a word, so that it lies whole in the next one. A range
+        // shorter than two words overlaps by half its length (or the width), and the search
+        // moves on by at least one number, so it never stands still.
         const Decimal halbe = Laenge / Decimal(2);
-        Decimal schritt = Laenge - (halbe < Decimal(RasterSpanne) ? halbe : Decimal(RasterSpanne));
+        Decimal ueberlappung = halbe < Decimal(RasterSpanne) ? halbe : Decimal(RasterSpanne);
+        if (ueberlappung < Decimal(breite)) ueberlappung = Decimal(breite);
+        Decimal schritt = Laenge - ueberlappung;
         if (schritt < Decimal(1)) schritt = Decimal(1);
         Anfang = Anfang + schritt;
         Ende = Anfang + Laenge;

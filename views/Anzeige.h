@@ -56,7 +56,7 @@ public:
     // SekundaerQuadrato (as mode 1).
     int32_t Modus = 0;
     Decimal Anfang, Laenge, Ende, Aktuell;
-    int32_t Anzahl = 0;
+    int64_t Anzahl = 0;
     bool ImPrimaerbereich = false;
     bool BereichBereit = false;
     std::vector<int32_t> SucheMuster;  // offsets from the first prime of the pattern
@@ -75,7 +75,8 @@ public:
     Decimal ZeilenZahlen() const;   // numbers per line
     Decimal SeitenZahlen() const;   // numbers per page
 
-    // btnGO: reads the two input texts and fetches the range; false (after its box) if refused.
+    // btnGO: reads the two input texts and fetches the range; false (after its box) if refused,
+    // also before the first run (PrimaerRasterVorhanden), except for the random raster.
     bool BereichHolen(const std::string& anfangText, const std::string& laengeText);
     // Toolbar navigation 0..5: first page, page up, line up, line down, page down, last page.
     void Blaettern(int32_t befehl);
@@ -83,7 +84,9 @@ public:
     AnzeigeSeite Seite();
     // The number of the cell, or 0 if the cell lies outside Anfang .. Ende (no detail window).
     Decimal ZelleZahl(int32_t zeile, int32_t spalte) const;
-    // Looks for the pattern behind Aktuell and brings a hit to the top of the page.
+    // Looks for the pattern behind Aktuell and brings a hit to the top of the page. A pattern
+    // at least as wide as the range is refused (text 1000); a search that reaches the end
+    // without a hit says so (text 1001), one that was cancelled does not.
     bool Suchen(int16_t art);
 
 private:

@@ -174,10 +174,27 @@ TEST_F(Sekundaer, ZaehlenAusserhalbUndAnDenGrenzen) {
     // The bounds themselves are inside: von = SekundaerStart and bis = SekundaerEnde count.
     EXPECT_EQ(uint64_t(SekundaerZaehlen(SekundaerStart, SekundaerEnde)), SekundaerAnzahl(SekundaerStart, SekundaerEnde));
     EXPECT_EQ(ui.meldungen.size(), 1u);
+    // More than 2^31 primes: a window of zeros stands in for one of some 5 * 10^10 numbers.
+    const int64_t worte = (int64_t(1) << 26) + 1000;
+    SekundaerRaster.assign(size_t(worte), 0);
+    SekundaerStart = Decimal(int64_t(1000000000000));
+    SekundaerEnde = SekundaerStart + Decimal((worte - 1) * 120);
+    EXPECT_EQ(SekundaerZaehlen(SekundaerStart, SekundaerEnde), 32 * (worte - 1));
+    std::vector<uint32_t>().swap(SekundaerRaster);
 }
 
-// The window of mode 5 takes an end, not a length, and has its own base.
+// The window of mode 5 takes an end, not a length, and has its own base. Beyond the square of
+// the primary limit it still holds the true primes: the sieving primes the raster lacks are
+// sieved on the way (above 10^12 for a limit of 1000 those need a level of their own).
 TEST_F(Sekundaer, QuadratoFensterBisZumEnde) {
+    Primaer(1000);
+    ASSERT_TRUE(SekundaerQuadrato(Decimal(10000000), Decimal(10010000), nullptr));
+    Vergleichen(10000000, 10000, 3200);
+    EXPECT_EQ(SekundaerQuadratoZaehlen(Decimal(10000000), Decimal(10010000)), 614);
+    ASSERT_TRUE(SekundaerQuadrato(Decimal(int64_t(10000000000000)), Decimal(int64_t(10000000100000)), nullptr));
+    Vergleichen(10000000000000, 100000, 3200000);
+    EXPECT_TRUE(ui.meldungen.empty());
+
     Primaer(1000000);
     ASSERT_TRUE(SekundaerQuadrato(Decimal(int64_t(123456789012)), Decimal(int64_t(123457789012)), nullptr));
     EXPECT_EQ(SekundaerStart, Decimal(int64_t(123456789000)));

@@ -14,6 +14,7 @@
 #include "sieve/Zufall.h"
 #include "sieve/basSekundaer.h"
 #include "views/Anzeige.h"
+#include "views/RasterVorhanden.h"
 #include "views/ZahlInfo.h"
 
 namespace sw::test {
@@ -85,7 +86,7 @@ TEST_F(Anzeige, JederModusZeigtGenauDiePrimzahlen) {
         ASSERT_TRUE(logik.BereichHolen("999999999993", "30000"));
         EXPECT_FALSE(logik.ImPrimaerbereich);
         const std::set<int64_t> soll = Primzahlen(von, von + 30000);
-        EXPECT_EQ(logik.Anzahl, int32_t(soll.size()));
+        EXPECT_EQ(logik.Anzahl, int64_t(soll.size()));
         EXPECT_EQ(AllesBlaettern(), soll) << modus;
     }
 }
@@ -111,6 +112,15 @@ TEST_F(Anzeige, BlaetternBleibtImBereich) {
     logik.Blaettern(5);
     EXPECT_EQ(logik.Aktuell, Decimal(1000));
     EXPECT_EQ(logik.ZelleZahl(3, 0), Decimal(0));
+
+    // Mode 1 pages in whole lines of 30 numbers: the last page, by its key or by paging down,
+    // still reaches the end of the range (1171 is its last prime).
+    logik.Modus = 1;
+    logik.GeometrieSetzen(8, 2);
+    ASSERT_TRUE(logik.BereichHolen("1000", "175"));
+    logik.Blaettern(5);
+    EXPECT_EQ(logik.ZelleZahl(1, 0), Decimal(1171));
+    EXPECT_EQ(AllesBlaettern(), Primzahlen(1000, 1175));
 }
 
 TEST_F(Anzeige, EingabenDieAbgewiesenWerden) {
@@ -151,11 +161,14 @@ TEST_F(Anzeige, MusterUndLuecken) {
         logik.SuchMusterText = falsch;
         EXPECT_FALSE(logik.Suchen(SucheFrei)) << falsch;
     }
-    // Nothing more up to the end, and no moving on: false, the page stays.
+    // Nothing more up to the end, and no moving on: false, the page stays, and the user is told.
     const Decimal vorher = logik.Aktuell;
     logik.SucheLuecke = 200;
+    ui.meldungen.clear();
     EXPECT_FALSE(logik.Suchen(SucheLueckeArt));
     EXPECT_EQ(logik.Aktuell, vorher);
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, Text(1001));
 }
 
 // A twin pair lying across the end of the range is found by moving on into the next range,
@@ -192,6 +205,28 @@ TEST_F(Anzeige, SucheUeberDieNaht) {
     EXPECT_TRUE(gefunden);
 }
 
+// A free pattern wider than a word whose first prime lies in the last numbers of a range:
+// the next range overlaps by the pattern's width and finds it. 1,000,000,010,489 with +2 and
+// +200 is the first such hit behind 1,000,000,009,589. A pattern as wide as the range is
+// refused at once rather than searched for without end.
+TEST_F(Anzeige, BreitesMusterUeberDieNaht) {
+    const int64_t treffer = 1000000010489;
+    const std::set<int64_t> prim = Primzahlen(treffer - 900, treffer + 200);
+    for (auto p = prim.begin(); *p < treffer; ++p) ASSERT_FALSE(prim.count(*p + 2) && prim.count(*p + 200)) << *p;
+    ASSERT_TRUE(prim.count(treffer) && prim.count(treffer + 2) && prim.count(treffer + 200));
+    ASSERT_TRUE(logik.BereichHolen(std::to_string(treffer - 900), "1000"));
+    logik.SekundaerDurchsuchen = true;
+    logik.SuchMusterText = "2 200";
+    EXPECT_TRUE(logik.Suchen(SucheFrei));
+    EXPECT_EQ(logik.Aktuell, Decimal(treffer));
+
+    ui.meldungen.clear();
+    logik.SuchMusterText = "2 1000";
+    EXPECT_FALSE(logik.Suchen(SucheFrei));
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_EQ(ui.meldungen[0].text, TextP1P2(1000, "1.000", "1.000"));
+}
+
 // A gap longer than the overlap of two ranges: its first prime lies only in the first range,
 // its last only in the next; the search still sees it.
 TEST_F(Anzeige, LueckeUeberDieNaht) {
@@ -221,6 +256,40 @@ TEST_F(Anzeige, LueckeUeberDieNaht) {
     const AnzeigeSeite seite = logik.Seite();
     for (const AnzeigeZelle& z : seite.zellen) beide |= z.prim && z.zahl == Decimal(q);
     EXPECT_TRUE(beide);
+}
+
+// More than 2^31 primes in the range: the count is shown whole. A raster of zeros (every
+// number coprime to 30 clear) stands in for a raster of a limit of some 10^10.
+TEST_F(Anzeige, AnzahlUeberZweiHoch31) {
+    const int64_t worte = (int64_t(1) << 26) + 1000;
+    PrimaerRaster.assign(size_t(worte), 0);
+    RasterAdresseAuffrischen();
+    RasterLetzterIndex = int32_t(worte - 1);
+    PrimaerGrenze = Decimal(worte * 120 - 1);
+    ASSERT_TRUE(logik.BereichHolen("1", PrimaerGrenze.Text()));
+    // All 32 bits of every word but that of 1, and 2, 3, 5 beside them.
+    EXPECT_EQ(logik.Anzahl, 32 * worte + 2);
+    EXPECT_EQ(fenster.anzahl, ZahlFormat(static_cast<long long>(32 * worte + 2)));
+    std::vector<uint32_t>().swap(PrimaerRaster);
+}
+
+// Before the first run there is no raster to show: the display refuses (only the random
+// raster needs none).
+TEST_F(Anzeige, OhneRasterKeineAnzeige) {
+    LaufVerworfen();
+    for (int32_t modus : {0, 1, 5}) {
+        logik.Modus = modus;
+        ui.meldungen.clear();
+        EXPECT_FALSE(logik.BereichHolen("20000", "1000")) << modus;
+        ASSERT_EQ(ui.meldungen.size(), 1u) << modus;
+        EXPECT_EQ(ui.meldungen[0].text, Text(1002));
+        EXPECT_FALSE(logik.BereichBereit);
+    }
+    EXPECT_FALSE(PrimaerRasterVorhanden());
+    ZufallModus = 1;
+    logik.Modus = 0;
+    EXPECT_TRUE(logik.BereichHolen("5000000000", "1000"));
+    ZufallModus = 0;
 }
 
 TEST_F(Anzeige, ZufallsrasterStattPrimzahlen) {
