@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "arith/basHyper.h"
+#include "arith/basRechnen.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Zahlformat.h"
 #include "frame/Zeichenketten.h"
@@ -193,7 +194,8 @@ std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren) { return
 
 Hyp Text2Hyp(const std::string& text) {
     const std::string t = Trimmen(text);
-    if (!t.empty() && t[0] == '#') return SpeicherElement(t.substr(1));
+    // Store references live only inside an evaluation, which reads them itself.
+    if (!t.empty() && t[0] == '#') throw Laufzeitfehler(9, RechenText("msgSpeicher", t));
     return Ziffern2Hyp(t);
 }
 

@@ -25,7 +25,8 @@ std::string Hyp2AnzeigeNull(const Hyp& h);
 // The same for a digit text already at hand; digits of other bases are shortened, not grouped.
 std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren = true);
 
-// A decimal text to a Hyp. "#k" is a copy of element k of the evaluator's store. Otherwise the
+// A decimal text to a Hyp. "#k", a reference into an evaluation's store, is refused here
+// (Laufzeitfehler 9): outside an evaluation there is no store to read. Otherwise the
 // text is trimmed, "." and FormatZeichen are dropped, and every other character is one digit,
 // a non-digit counting as 0. The result's upper bound is its count.
 Hyp Text2Hyp(const std::string& text);

@@ -37,9 +37,6 @@ void auswerten(const EvalFrage& f) {
     if (f.hoechstBits < 1) throw CliFehler("eval: --max-bits must be at least 1");
     HoechstBits = f.hoechstBits;
     const Hyp wert = Auswerten(f.formel);
-    // A box shown on the way (an unclosed bracket) makes the value meaningless.
-    const std::string meldung = Terminal().LetzteMeldung();
-    if (!meldung.empty()) throw CliFehler("eval: " + meldung);
     const std::string text = HypInBasis(wert, f.basis);
     const size_t stellen = ziffernAnzahl(text, f.basis);
     if (f.json) {
