@@ -33,8 +33,9 @@ Hyp Text2Hyp(const std::string& text);
 // The same without the "#k" case.
 Hyp Ziffern2Hyp(const std::string& text);
 
-// h in base 2..36 with the digit rules of ZahlInBasis: decimal digits up to base 10, letters
-// from "A" in base 16, each digit as a decimal number and a blank in any other base.
+// h in any base from 2 on with the digit rules of ZahlInBasis: decimal digits up to base 10,
+// letters from "A" in base 16, each digit as a decimal number and a blank in any other base
+// (so base 1000 shows 1000^2 as "1 0 0 ").
 // Powers of two read the bits directly; other bases split by powers of the base as decimal
 // text does.
 std::string HypInBasis(const Hyp& h, int32_t basis);
