@@ -23,6 +23,8 @@ namespace {
 constexpr int32_t kBasisWorte = 40;
 // Digit runs up to this length are read nine digits at a time by word products.
 constexpr size_t kBasisZiffern = 360;
+// Pieces from this many words on take long enough that an interruptible conversion yields first.
+constexpr int32_t kYieldAbWorte = 4096;
 
 // The powers of one base: W = basis^je, the largest power that fits a word, and W^(2^k) for
 // k = 0, 1, ..., kept per thread, so that a second conversion of the same size squares nothing.
@@ -99,28 +101,30 @@ void basisZiffern(Hyp& h, int32_t basis, const Basispotenzen& b, Folge& aus, siz
 }
 
 // h < W^(2^(k+1)) is written with exactly breite digits (0: as many as it has). Splitting by
-// W^(2^k) gives two halves below that power, each written one level lower.
+// W^(2^k) gives two halves below that power, each written one level lower. An interruptible
+// conversion yields before each wide quotient, so a stop ends even a text of millions of digits.
 template <typename Folge>
-void teileZiffern(Hyp& h, int k, int32_t basis, Basispotenzen& b, Folge& aus, size_t breite) {
+void teileZiffern(Hyp& h, int k, int32_t basis, Basispotenzen& b, Folge& aus, size_t breite, bool unterbrechbar) {
     if (h.anzahl() <= kBasisWorte || k < 0) {
         basisZiffern(h, basis, b, aus, breite);
         return;
     }
     const Hyp& p = potenz(b, size_t(k));
     if (breite == 0 && aCmpHypHyp(h, p) < 0) {
-        teileZiffern(h, k - 1, basis, b, aus, 0);
+        teileZiffern(h, k - 1, basis, b, aus, 0, unterbrechbar);
         return;
     }
+    if (unterbrechbar && h.anzahl() > kYieldAbWorte) RechnenYield();
     Hyp q(h.anzahl() - p.anzahl() + 2);
     aDivHypHyp(q, h, p);  // h keeps the remainder
     const size_t unten = stufenBreite(b, size_t(k));
-    teileZiffern(q, k - 1, basis, b, aus, breite == 0 ? 0 : breite - unten);
-    teileZiffern(h, k - 1, basis, b, aus, unten);
+    teileZiffern(q, k - 1, basis, b, aus, breite == 0 ? 0 : breite - unten, unterbrechbar);
+    teileZiffern(h, k - 1, basis, b, aus, unten, unterbrechbar);
 }
 
 // The digit values of h in the base, highest first.
 template <typename Folge>
-Folge ziffernWerte(const Hyp& h, int32_t basis) {
+Folge ziffernWerte(const Hyp& h, int32_t basis, bool unterbrechbar) {
     Hyp arbeit(h);
     if (arbeit[0] < 1) arbeit[0] = 1;  // a fresh array reads as zero
     Basispotenzen& b = potenzenVon(basis);
@@ -130,7 +134,7 @@ Folge ziffernWerte(const Hyp& h, int32_t basis) {
     const int32_t bits = aGetHighBitHyp(arbeit) + 1;
     int k = 0;
     while (arbeit.anzahl() > kBasisWorte && 2 * (aGetHighBitHyp(potenz(b, size_t(k))) + 1) - 1 <= bits) ++k;
-    teileZiffern(arbeit, k, basis, b, aus, 0);
+    teileZiffern(arbeit, k, basis, b, aus, 0, unterbrechbar);
     return aus;
 }
 
@@ -185,8 +189,8 @@ std::string anzeigeForm(const std::string& ziffern, bool gruppieren = true) {
 
 }  // namespace
 
-std::string Hyp2Text(const Hyp& h) {
-    std::string text = ziffernWerte<std::string>(h, 10);
+std::string Hyp2Text(const Hyp& h, bool unterbrechbar) {
+    std::string text = ziffernWerte<std::string>(h, 10, unterbrechbar);
     for (char& c : text) c = char(c + '0');
     return text;
 }
@@ -230,7 +234,7 @@ Hyp Ziffern2Hyp(const std::string& text) {
     return h;
 }
 
-std::string HypInBasis(const Hyp& h, int32_t basis) {
+std::string HypInBasis(const Hyp& h, int32_t basis, bool unterbrechbar) {
     if (basis < 2) throw Laufzeitfehler(5, "Ungültiger Prozeduraufruf oder ungültiges Argument");
     std::vector<uint32_t> werte;  // digit values, highest first
     if ((basis & (basis - 1)) == 0) {
@@ -248,7 +252,7 @@ std::string HypInBasis(const Hyp& h, int32_t basis) {
             werte[size_t(stellen - 1 - d)] = z;
         }
     } else {
-        werte = ziffernWerte<std::vector<uint32_t>>(h, basis);
+        werte = ziffernWerte<std::vector<uint32_t>>(h, basis, unterbrechbar);
     }
     std::string aus;
     aus.reserve(werte.size() * (basis <= 16 ? 1 : 3));

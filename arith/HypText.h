@@ -11,8 +11,9 @@
 
 namespace sw {
 
-// Decimal digits without leading zeros; "0" for zero.
-std::string Hyp2Text(const Hyp& h);
+// Decimal digits without leading zeros; "0" for zero. An interruptible conversion yields
+// through RechnenYield during a long text and ends with its Laufzeitfehler on a stop.
+std::string Hyp2Text(const Hyp& h, bool unterbrechbar = false);
 // The same text; the zero test goes through aCmpHyp32, as callers that build a Hyp by hand
 // with a count of 0 expect.
 std::string Hyp2TextNull(const Hyp& h);
@@ -38,6 +39,6 @@ Hyp Ziffern2Hyp(const std::string& text);
 // (so base 1000 shows 1000^2 as "1 0 0 ").
 // Powers of two read the bits directly; other bases split by powers of the base as decimal
 // text does.
-std::string HypInBasis(const Hyp& h, int32_t basis);
+std::string HypInBasis(const Hyp& h, int32_t basis, bool unterbrechbar = false);
 
 }  // namespace sw
