@@ -1,7 +1,8 @@
 // The outward shape of a formula, judged independently of the evaluator: shared by the
 // formula fuzzer and the evaluator's randomized tests, which both demand that a formula
 // malformed on its face never gets a value. Only texts without blanks and other spellings are
-// judged: digits, "#k", brackets, the six operators, MOD and MODULO, SQR, SQRT and SQRMOD.
+// judged: digits, "#k", brackets, the six operators and "**", MOD and MODULO, SQR, SQRT and
+// SQRMOD.
 #pragma once
 
 #include <cctype>
@@ -15,7 +16,14 @@ namespace sw::formelgestalt {
 // the number 1 and well formed.
 inline bool Fehlerhaft(const std::string& text) {
     std::string t;
-    for (char c : text) t.push_back(char(std::toupper(static_cast<unsigned char>(c))));
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text.compare(i, 2, "**") == 0) {  // the other spelling of "^", which pieces may form
+            t.push_back('^');
+            ++i;
+        } else {
+            t.push_back(char(std::toupper(static_cast<unsigned char>(text[i]))));
+        }
+    }
     if (t.empty()) return false;
     enum class Art { Anfang, Zahl, Operator, Funktion, Auf, Zu };
     Art vorher = Art::Anfang;
