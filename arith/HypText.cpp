@@ -1,9 +1,12 @@
 #include "arith/HypText.h"
 
 #include <cstring>
+#include <iterator>
+#include <map>
 #include <vector>
 
 #include "arith/basHyper.h"
+#include "arith/basRechnen.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Zahlformat.h"
 #include "frame/Zeichenketten.h"
@@ -20,6 +23,8 @@ namespace {
 constexpr int32_t kBasisWorte = 40;
 // Digit runs up to this length are read nine digits at a time by word products.
 constexpr size_t kBasisZiffern = 360;
+// Pieces from this many words on take long enough that an interruptible conversion yields first.
+constexpr int32_t kYieldAbWorte = 4096;
 
 // The powers of one base: W = basis^je, the largest power that fits a word, and W^(2^k) for
 // k = 0, 1, ..., kept per thread, so that a second conversion of the same size squares nothing.
@@ -30,8 +35,9 @@ struct Basispotenzen {
 };
 
 Basispotenzen& potenzenVon(int32_t basis) {
-    thread_local std::vector<Basispotenzen> alle(37);
-    Basispotenzen& b = alle[size_t(basis)];
+    // Any base from 2 on may be asked for; a map keeps each entry in place as others are added.
+    thread_local std::map<int32_t, Basispotenzen> alle;
+    Basispotenzen& b = alle[basis];
     if (b.je == 0) {
         b.wort = uint32_t(basis);
         b.je = 1;
@@ -61,23 +67,27 @@ const Hyp& Zehnerpotenz(size_t k) { return potenz(potenzenVon(10), k); }
 
 size_t stufenBreite(const Basispotenzen& b, size_t k) { return size_t(b.je) << k; }
 
-// Digit values (0 .. basis-1, one char each) of a piece of at most kBasisWorte words
+// Digit values (0 .. basis-1, one element each) of a piece of at most kBasisWorte words
 // (destroyed), right-aligned and padded with zeros to breite (0: no padding), appended to aus.
-void basisZiffern(Hyp& h, int32_t basis, const Basispotenzen& b, std::string& aus, size_t breite) {
-    char puffer[(kBasisWorte + 2) * 32];
-    char* ende = puffer + sizeof puffer;
-    char* p = ende;
+// Folge is std::string for decimal text (a char holds a decimal digit) and a vector of words
+// for the other bases, whose digits may need up to 31 bits.
+template <typename Folge>
+void basisZiffern(Hyp& h, int32_t basis, const Basispotenzen& b, Folge& aus, size_t breite) {
+    using Z = typename Folge::value_type;
+    Z puffer[(kBasisWorte + 2) * 32];
+    Z* ende = puffer + std::size(puffer);
+    Z* p = ende;
     // je digits per quotient by basis^je: the remainder of each word step fits 64 bits.
     while (h[0] > 1 || uint32_t(h[1]) >= b.wort) {
         uint32_t r = uint32_t(aDivHyp32(h, int32_t(b.wort)));
         for (int i = 0; i < b.je; ++i) {
-            *--p = char(r % uint32_t(basis));
+            *--p = Z(r % uint32_t(basis));
             r /= uint32_t(basis);
         }
     }
     uint32_t r = uint32_t(h[1]);
     do {
-        *--p = char(r % uint32_t(basis));
+        *--p = Z(r % uint32_t(basis));
         r /= uint32_t(basis);
     } while (r != 0);
     size_t n = size_t(ende - p);
@@ -86,41 +96,45 @@ void basisZiffern(Hyp& h, int32_t basis, const Basispotenzen& b, std::string& au
         ++p;
         --n;
     }
-    if (breite > n) aus.append(breite - n, char(0));
-    aus.append(p, n);
+    if (breite > n) aus.insert(aus.end(), breite - n, Z(0));
+    aus.insert(aus.end(), p, p + n);
 }
 
 // h < W^(2^(k+1)) is written with exactly breite digits (0: as many as it has). Splitting by
-// W^(2^k) gives two halves below that power, each written one level lower.
-void teileZiffern(Hyp& h, int k, int32_t basis, Basispotenzen& b, std::string& aus, size_t breite) {
+// W^(2^k) gives two halves below that power, each written one level lower. An interruptible
+// conversion yields before each wide quotient, so a stop ends even a text of millions of digits.
+template <typename Folge>
+void teileZiffern(Hyp& h, int k, int32_t basis, Basispotenzen& b, Folge& aus, size_t breite, bool unterbrechbar) {
     if (h.anzahl() <= kBasisWorte || k < 0) {
         basisZiffern(h, basis, b, aus, breite);
         return;
     }
     const Hyp& p = potenz(b, size_t(k));
     if (breite == 0 && aCmpHypHyp(h, p) < 0) {
-        teileZiffern(h, k - 1, basis, b, aus, 0);
+        teileZiffern(h, k - 1, basis, b, aus, 0, unterbrechbar);
         return;
     }
+    if (unterbrechbar && h.anzahl() > kYieldAbWorte) RechnenYield();
     Hyp q(h.anzahl() - p.anzahl() + 2);
     aDivHypHyp(q, h, p);  // h keeps the remainder
     const size_t unten = stufenBreite(b, size_t(k));
-    teileZiffern(q, k - 1, basis, b, aus, breite == 0 ? 0 : breite - unten);
-    teileZiffern(h, k - 1, basis, b, aus, unten);
+    teileZiffern(q, k - 1, basis, b, aus, breite == 0 ? 0 : breite - unten, unterbrechbar);
+    teileZiffern(h, k - 1, basis, b, aus, unten, unterbrechbar);
 }
 
 // The digit values of h in the base, highest first.
-std::string ziffernWerte(const Hyp& h, int32_t basis) {
+template <typename Folge>
+Folge ziffernWerte(const Hyp& h, int32_t basis, bool unterbrechbar) {
     Hyp arbeit(h);
     if (arbeit[0] < 1) arbeit[0] = 1;  // a fresh array reads as zero
     Basispotenzen& b = potenzenVon(basis);
-    std::string aus;
+    Folge aus;
     aus.reserve(size_t(arbeit.anzahl()) * size_t(32 / (31 - __builtin_clz(uint32_t(basis))) + 1) + 1);
     // The top level: the smallest power whose square exceeds h.
     const int32_t bits = aGetHighBitHyp(arbeit) + 1;
     int k = 0;
     while (arbeit.anzahl() > kBasisWorte && 2 * (aGetHighBitHyp(potenz(b, size_t(k))) + 1) - 1 <= bits) ++k;
-    teileZiffern(arbeit, k, basis, b, aus, 0);
+    teileZiffern(arbeit, k, basis, b, aus, 0, unterbrechbar);
     return aus;
 }
 
@@ -175,8 +189,8 @@ std::string anzeigeForm(const std::string& ziffern, bool gruppieren = true) {
 
 }  // namespace
 
-std::string Hyp2Text(const Hyp& h) {
-    std::string text = ziffernWerte(h, 10);
+std::string Hyp2Text(const Hyp& h, bool unterbrechbar) {
+    std::string text = ziffernWerte<std::string>(h, 10, unterbrechbar);
     for (char& c : text) c = char(c + '0');
     return text;
 }
@@ -193,7 +207,8 @@ std::string ZiffernAnzeige(const std::string& ziffern, bool gruppieren) { return
 
 Hyp Text2Hyp(const std::string& text) {
     const std::string t = Trimmen(text);
-    if (!t.empty() && t[0] == '#') return SpeicherElement(t.substr(1));
+    // Store references live only inside an evaluation, which reads them itself.
+    if (!t.empty() && t[0] == '#') throw Laufzeitfehler(9, RechenText("msgSpeicher", t));
     return Ziffern2Hyp(t);
 }
 
@@ -219,8 +234,9 @@ Hyp Ziffern2Hyp(const std::string& text) {
     return h;
 }
 
-std::string HypInBasis(const Hyp& h, int32_t basis) {
-    std::string werte;  // digit values, highest first
+std::string HypInBasis(const Hyp& h, int32_t basis, bool unterbrechbar) {
+    if (basis < 2) throw Laufzeitfehler(5, "Ungültiger Prozeduraufruf oder ungültiges Argument");
+    std::vector<uint32_t> werte;  // digit values, highest first
     if ((basis & (basis - 1)) == 0) {
         // A power of two: each digit is a run of bits, read straight from the words.
         const int32_t k = __builtin_ctz(uint32_t(basis));
@@ -233,15 +249,14 @@ std::string HypInBasis(const Hyp& h, int32_t basis) {
                 const int32_t i = d * k + b;
                 z = z * 2 + (i < bits && aBitTestHyp(h, i) ? 1 : 0);
             }
-            werte[size_t(stellen - 1 - d)] = char(z);
+            werte[size_t(stellen - 1 - d)] = z;
         }
     } else {
-        werte = ziffernWerte(h, basis);
+        werte = ziffernWerte<std::vector<uint32_t>>(h, basis, unterbrechbar);
     }
     std::string aus;
     aus.reserve(werte.size() * (basis <= 16 ? 1 : 3));
-    for (char c : werte) {
-        const uint32_t z = uint32_t(uint8_t(c));
+    for (const uint32_t z : werte) {
         if (basis <= 10) {
             aus.push_back(char('0' + z));
         } else if (basis == 16) {

@@ -1,15 +1,18 @@
 #include "arith/Rechner.h"
 
+#include <algorithm>
+
 #include "arith/HypText.h"
+#include "arith/PrimNachbarn.h"
 #include "arith/basHyper.h"
 #include "arith/basRechnen.h"
 #include "arith/basWurzel.h"
 #include "frame/Decimal.h"
+#include "frame/Einstellungen.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Texte.h"
 #include "frame/Zeichenketten.h"
 #include "frame/basZentral.h"
-#include "sieve/basSiebwerk.h"
 #include "zahlkern/zahlkern.h"
 
 namespace sw {
@@ -29,14 +32,24 @@ int32_t wortArgument(const Hyp& n) {
     return n[1];
 }
 
-// The raster answers questions up to its limit; a number beyond it has no answer there.
-Decimal imRaster(const Hyp& n) {
+// The sieve decides numbers up to the square of its limit; a number beyond has no answer.
+Decimal entscheidbar(const Hyp& n) {
     if (!RasterBereit || aGetHighBitHyp(n) >= 95) throw Laufzeitfehler(kFehlerEingabe, Text(497));
     Decimal d;
     aHyp2Dec(&d, n);
-    if (d > PrimaerGrenze) throw Laufzeitfehler(kFehlerEingabe, Text(497));
+    if (d > PrimaerQuadrat) throw Laufzeitfehler(kFehlerEingabe, Text(497));
     return d;
 }
+
+// The memories in SW.Ini: "Speicher(k)" holds the number of parts, "Speicher(k).i" the
+// digits in parts of at most kTeilZiffern, since a settings value is read back to 255
+// characters at most. Longer values would bloat the file that every window rewrites.
+constexpr const char* kSektion = "Rechner";
+constexpr size_t kTeilZiffern = 250;
+constexpr size_t kHoechstTeile = 40;  // 10,000 digits
+
+std::string speicherKey(int k) { return "Speicher(" + std::to_string(k) + ")"; }
+std::string teilKey(int k, size_t i) { return speicherKey(k) + "." + std::to_string(i); }
 
 Hyp ausDecimal(const Decimal& d) {
     Hyp h(4);
@@ -72,9 +85,32 @@ Rechner::Rechner() : speicher_(SpeicherAnzahl + 1) {
     for (Hyp& h : speicher_) h[0] = 0;  // count 0: not set, refused as "#k"
 }
 
-void Rechner::Merken(int k, const Hyp& wert) {
-    if (k < 1 || k > SpeicherAnzahl) return;
+bool Rechner::Merken(int k, const Hyp& wert) {
+    if (k < 1 || k > SpeicherAnzahl) return false;
     speicher_[size_t(k)] = wert;
+    // A value far too long is judged by its bits, without the text of its millions of digits.
+    const bool vielZuLang = double(aGetHighBitHyp(wert)) * 0.30103 > double(kHoechstTeile * kTeilZiffern) + 1;
+    const std::string ziffern = vielZuLang ? std::string() : Hyp2Text(wert);
+    const size_t teile = (ziffern.size() + kTeilZiffern - 1) / kTeilZiffern;
+    const bool passt = !vielZuLang && teile <= kHoechstTeile;
+    IniSammelSchreiben sammeln;
+    const size_t alt = size_t(std::max(0, IniLesenLong(kSektion, speicherKey(k), 0)));
+    IniSchreiben(kSektion, speicherKey(k), passt ? (long long)teile : 0LL);
+    for (size_t i = 1; i <= std::max(alt, passt ? teile : 0); ++i) {
+        IniSchreiben(kSektion, teilKey(k, i), passt && i <= teile ? ziffern.substr((i - 1) * kTeilZiffern, kTeilZiffern) : "");
+    }
+    return passt;
+}
+
+void Rechner::SpeicherLaden() {
+    for (int k = 1; k <= SpeicherAnzahl; ++k) {
+        const int32_t teile = IniLesenLong(kSektion, speicherKey(k), 0);
+        if (teile < 1 || size_t(teile) > kHoechstTeile) continue;
+        std::string ziffern;
+        for (int32_t i = 1; i <= teile; ++i) ziffern += IniLesen(kSektion, teilKey(k, size_t(i)));
+        const bool gueltig = !ziffern.empty() && ziffern.find_first_not_of("0123456789") == std::string::npos;
+        if (gueltig) speicher_[size_t(k)] = Ziffern2Hyp(ziffern);
+    }
 }
 
 bool Rechner::Belegt(int k) const { return k >= 1 && k <= SpeicherAnzahl && speicher_[size_t(k)].anzahl() >= 1; }
@@ -83,14 +119,19 @@ const Hyp& Rechner::Speicher(int k) const { return speicher_[size_t(k)]; }
 
 Hyp Rechner::formel(const std::string& text) { return Auswerten(text, &speicher_); }
 
-Hyp Rechner::Ausfuehren(RechenFunktion f, const std::string& eingabe) {
+RechenErgebnis Rechner::Ausfuehren(RechenFunktion f, const std::string& eingabe) {
     AbbruchRahmen rahmen;
-    Hyp wert = berechnen(f, eingabe);
+    RechenErgebnis e;
+    e.wert = berechnen(f, eingabe);
+    // The texts of a result of millions of digits take longer than its computation: they are
+    // built here, once, and a stop ends them too.
+    e.ziffern = Hyp2Text(e.wert, true);
+    if (ZahlenSystem >= 2 && ZahlenSystem != 10) e.basisZiffern = HypInBasis(e.wert, ZahlenSystem, true);
     const std::string zeile = Trimmen(eingabe);
     const std::string name = f == RechenFunktion::Formel ? zeile : FunktionsName(f) + " (" + zeile + ")";
-    verlauf_.push_back(name + " = " + ZiffernAnzeige(Hyp2Text(wert)));
+    verlauf_.push_back(name + " = " + ZiffernAnzeige(e.ziffern));
     formeln_.push_back(zeile);
-    return wert;
+    return e;
 }
 
 Hyp Rechner::berechnen(RechenFunktion f, const std::string& eingabe) {
@@ -119,12 +160,12 @@ Hyp Rechner::berechnen(RechenFunktion f, const std::string& eingabe) {
         case RechenFunktion::Perrin: return PerrinHyp(wortArgument(n));
         case RechenFunktion::Wurzel: return HypWurzel(n, true);
         case RechenFunktion::NaechstePrim: {
-            const Decimal p = NaechstePrim(imRaster(n));
+            const Decimal p = PrimNach(entscheidbar(n));
             if (p.IstNull()) throw Laufzeitfehler(kFehlerEingabe, Text(497));
             return ausDecimal(p);
         }
         case RechenFunktion::VorherigePrim: {
-            const Decimal p = VorherigePrim(imRaster(n));
+            const Decimal p = PrimVor(entscheidbar(n));
             if (p.IstNull()) eingabeFehler("msgKeinePrimzahl");
             return ausDecimal(p);
         }

@@ -1,8 +1,9 @@
 // Rechner: the logic of the calculator window, without widgets. It evaluates a formula line
 // with the memories #1..#9 at hand, applies the functions of the buttons (n!, primorials,
-// Fibonacci, Perrin, gcd, modular inverse, integer root, next and previous prime from the
-// raster), keeps the history and the memories, and prepares the texts the window shows.
-// Every refusal is a Laufzeitfehler with a message for the user.
+// Fibonacci, Perrin, gcd, modular inverse, integer root, next and previous prime up to the
+// square of the sieve's limit), keeps the history and the memories (kept in SW.Ini, section
+// [Rechner]), and prepares the texts the window shows. Every refusal is a Laufzeitfehler with
+// a message for the user; a stop ends the computation and its texts alike.
 #pragma once
 
 #include <array>
@@ -23,10 +24,18 @@ enum class RechenFunktion {
     GGT,            // gcd(a; b)
     ModInverse,     // inverse of a mod m, "a; m"
     Wurzel,         // integer square root
-    NaechstePrim,   // smallest prime above n, from the raster
-    VorherigePrim,  // greatest prime below n, from the raster
+    NaechstePrim,   // smallest prime above n, up to the square of the sieve's limit
+    VorherigePrim,  // greatest prime below n, the same way
 };
 inline constexpr int RechenFunktionAnzahl = 11;
+
+// A result as the window shows it: the value, its decimal digits and its digits in the number
+// base of the options (empty in base 10). The texts are built once, interruptibly.
+struct RechenErgebnis {
+    Hyp wert;
+    std::string ziffern;
+    std::string basisZiffern;
+};
 
 class Rechner {
 public:
@@ -37,10 +46,13 @@ public:
     // Computes f of the formula line (two formulas separated by ";" for gcd and inverse) and
     // puts the line and its value into the history. The stop flag of a job that may run
     // around the calculator is kept: a stop inside ends only this computation.
-    Hyp Ausfuehren(RechenFunktion f, const std::string& eingabe);
+    RechenErgebnis Ausfuehren(RechenFunktion f, const std::string& eingabe);
 
-    // Memory k (1..9) := wert; usable as #k in formulas.
-    void Merken(int k, const Hyp& wert);
+    // Memory k (1..9) := wert; usable as #k in formulas, and written to SW.Ini at once. False
+    // when the value is too long for the settings file: it is kept until the window closes.
+    bool Merken(int k, const Hyp& wert);
+    // The memories of the last session, from SW.Ini; a damaged entry leaves its memory empty.
+    void SpeicherLaden();
     bool Belegt(int k) const;
     const Hyp& Speicher(int k) const;
 

@@ -17,8 +17,6 @@
 
 namespace sw {
 
-std::vector<Hyp> HypSpeicher;
-
 namespace {
 
 constexpr int32_t kSpeicherAb = 21;      // words from which a result goes into the store
@@ -45,25 +43,20 @@ std::string stelleText(const std::string& t, size_t p) {
 }
 
 // The value of an operand: "#k" from the store, else digits. A "#" inside a run of digits
-// comes from writing a bracket right behind a number, which has no meaning.
-Hyp operandWert(const std::string& t, size_t von, size_t bis) {
-    if (von == bis) return eins();
+// comes from writing a bracket right behind a number, which has no meaning. An operator or
+// function with nothing beside it (wo names its place) is refused: reading the gap as 1, as
+// the first versions did, turned typing slips such as 2+*3 into plausible wrong values.
+Hyp operandWert(const std::string& t, size_t von, size_t bis, size_t wo, Formelspeicher& speicher) {
+    if (von == bis) formFehler("msgOperand", t, wo);
     for (size_t i = von + 1; i < bis; ++i) {
         if (t[i] == '#') formFehler("msgFormel", t, i);
     }
     const std::string s = t.substr(von, bis - von);
     if (s[0] == '#') {
         if (s.size() == 1) formFehler("msgFormel", t, von);
-        return SpeicherElement(s.substr(1));
+        return speicher.Nehmen(s.substr(1));
     }
     return Ziffern2Hyp(s);
-}
-
-// A value back into the text: digits below 21 words, a store reference from there on.
-std::string einsetzen(Hyp v) {
-    if (v.anzahl() < kSpeicherAb) return Hyp2Text(v);
-    HypSpeicher.push_back(std::move(v));
-    return "#" + std::to_string(HypSpeicher.size() - 1);
 }
 
 std::string ersetzen(const std::string& s, const std::string& was, const std::string& durch) {
@@ -100,43 +93,44 @@ std::string normalisieren(const std::string& text) {
     return WortErsetzen(aus, "MOD", "%");
 }
 
-// Characters the language does not know and a ")" without its "(" are refused here, before
-// any work, with their place in the normalised text.
+// Characters the language does not know and brackets without their partner are refused here,
+// before any work, with their place in the normalised text.
 void pruefen(const std::string& t) {
-    long offen = 0;
+    std::vector<size_t> offen;
     for (size_t i = 0; i < t.size(); ++i) {
         const char c = t[i];
         if (c == '(') {
-            ++offen;
+            offen.push_back(i);
         } else if (c == ')') {
-            if (offen == 0) formFehler("msgKlammerZu", t, i);
-            --offen;
+            if (offen.empty()) formFehler("msgKlammerZu", t, i);
+            offen.pop_back();
         } else if (!istOperand(c) && !istBuchstabe(c) && !istOperator(c)) {
             formFehler("msgZeichen", t, i);
         }
     }
+    if (!offen.empty()) throw Laufzeitfehler(FehlerTypenUnvertraeglich, TextP1(437, stelleText(t, offen.back())));
 }
 
-// Restores the store and the stop flag however the evaluation ends: a stop that was asked for
-// before it began belongs to the job that asked, and stays asked.
-class AuswertungsRahmen {
+// Restores the stop flag however the evaluation ends: a stop that was asked for before it
+// began belongs to the job that asked, and stays asked.
+class AbbruchWahren {
 public:
-    explicit AuswertungsRahmen(const std::vector<Hyp>* vorrat) : abbruchVorher_(Abbruch) {
-        Abbruch = false;
-        HypSpeicher.clear();
-        if (vorrat != nullptr) HypSpeicher = *vorrat;
-    }
-    ~AuswertungsRahmen() {
-        HypSpeicher.clear();
-        HypSpeicher.shrink_to_fit();
-        Abbruch = Abbruch || abbruchVorher_;
-    }
-    AuswertungsRahmen(const AuswertungsRahmen&) = delete;
-    AuswertungsRahmen& operator=(const AuswertungsRahmen&) = delete;
+    AbbruchWahren() : vorher_(Abbruch) { Abbruch = false; }
+    ~AbbruchWahren() { Abbruch = Abbruch || vorher_; }
+    AbbruchWahren(const AbbruchWahren&) = delete;
+    AbbruchWahren& operator=(const AbbruchWahren&) = delete;
 
 private:
-    bool abbruchVorher_;
+    bool vorher_;
 };
+
+// The functions a formula may call by name: true for the integer root (SQR, SQRT), false
+// for the rest beside it (SQRMOD), nothing for any other word.
+std::optional<bool> wurzelArt(const std::string& name) {
+    if (name == "SQR" || name == "SQRT") return true;
+    if (name == "SQRMOD") return false;
+    return std::nullopt;
+}
 
 unsigned operationen = 0;
 
@@ -146,15 +140,38 @@ void ab_und_zu_yield(const Hyp& r) {
 
 }  // namespace
 
-Hyp SpeicherElement(const std::string& k) {
+Formelspeicher::Formelspeicher(const std::vector<Hyp>* vorrat) : vorrat_(vorrat) {}
+
+size_t Formelspeicher::Belegt() const {
+    size_t n = 0;
+    for (const Hyp& h : zwischen_) n += h.anzahl() >= 1 ? 1 : 0;
+    return n;
+}
+
+std::string Formelspeicher::Einsetzen(Hyp v) {
+    if (v.anzahl() < kSpeicherAb) return Hyp2Text(v);
+    const size_t basis = vorrat_ ? vorrat_->size() : 0;
+    zwischen_.push_back(std::move(v));
+    return "#" + std::to_string(basis + zwischen_.size() - 1);
+}
+
+Hyp Formelspeicher::Nehmen(const std::string& k) {
     size_t i = 0;
     bool gueltig = !k.empty() && k.size() <= 9;
     for (char c : k) gueltig = gueltig && istZiffer(c);
     if (gueltig) i = size_t(std::stoul(k));
-    if (!gueltig || i >= HypSpeicher.size() || HypSpeicher[i].anzahl() < 1) {
-        throw Laufzeitfehler(9, RechenText("msgSpeicher", "#" + k));
+    const size_t basis = vorrat_ ? vorrat_->size() : 0;
+    if (gueltig && i < basis && (*vorrat_)[i].anzahl() >= 1) return (*vorrat_)[i];
+    if (gueltig && i >= basis && i - basis < zwischen_.size()) {
+        Hyp& platz = zwischen_[i - basis];
+        if (platz.anzahl() >= 1) {
+            Hyp wert = std::move(platz);
+            platz = Hyp(1);
+            platz[0] = 0;  // taken: a second reading is refused
+            return wert;
+        }
     }
-    return HypSpeicher[i];
+    throw Laufzeitfehler(9, RechenText("msgSpeicher", "#" + k));
 }
 
 std::string WortErsetzen(const std::string& t, const std::string& wort, const std::string& ersatz) {
@@ -177,33 +194,32 @@ std::string WortErsetzen(const std::string& t, const std::string& wort, const st
 Hyp Auswerten(const std::string& text, const std::vector<Hyp>* vorrat) {
     const std::string t = normalisieren(text);
     if (t.empty()) return eins();
-    AuswertungsRahmen rahmen(vorrat);
+    AbbruchWahren abbruch;
     pruefen(t);
-    Hyp ergebnis = KlammernAuswerten(t);
+    Formelspeicher speicher(vorrat);
+    Hyp ergebnis = KlammernAuswerten(t, speicher);
     ergebnis.setzeObergrenze(ergebnis.anzahl());
     return ergebnis;
 }
 
-Hyp KlammernAuswerten(std::string t) {
+Hyp KlammernAuswerten(std::string t, Formelspeicher& speicher) {
     // Innermost rightmost bracket first: the last "(" and the first ")" behind it.
     for (size_t auf; (auf = t.rfind('(')) != std::string::npos;) {
         const size_t zu = t.find(')', auf);
-        if (zu == std::string::npos) {
-            MsgInfoP1(437, t);
-            return eins();
-        }
-        const Hyp innen = KlammernAuswerten(t.substr(auf + 1, zu - auf - 1));
-        t = t.substr(0, auf) + einsetzen(innen) + t.substr(zu + 1);
+        if (zu == std::string::npos) throw Laufzeitfehler(FehlerTypenUnvertraeglich, TextP1(437, stelleText(t, auf)));
+        if (zu == auf + 1) formFehler("msgOperand", t, zu);
+        const Hyp innen = KlammernAuswerten(t.substr(auf + 1, zu - auf - 1), speicher);
+        t = t.substr(0, auf) + speicher.Einsetzen(innen) + t.substr(zu + 1);
     }
-    t = FunktionenErsetzen(t);
+    t = FunktionenErsetzen(t, speicher);
     for (char op : {'^', '%', '/', '*', '+', '-'}) {
-        for (size_t p; (p = t.find(op)) != std::string::npos;) t = OperatorAnwenden(t, p, op);
+        for (size_t p; (p = t.find(op)) != std::string::npos;) t = OperatorAnwenden(t, p, op, speicher);
     }
-    // What is left is one number; an empty bracket reads as the empty number, 0.
-    return t.empty() ? Hyp(1) : operandWert(t, 0, t.size());
+    // What is left is one number.
+    return operandWert(t, 0, t.size(), 0, speicher);
 }
 
-std::string OperatorAnwenden(const std::string& t, size_t p, char op) {
+std::string OperatorAnwenden(const std::string& t, size_t p, char op, Formelspeicher& speicher) {
     size_t links = p;
     while (links > 0 && istOperand(t[links - 1])) --links;
     size_t rechts = p + 1;
@@ -211,8 +227,8 @@ std::string OperatorAnwenden(const std::string& t, size_t p, char op) {
     for (size_t i = links; i < rechts; ++i) {
         if (i != p && !istOperand(t[i])) formFehler("msgFormel", t, i);
     }
-    Hyp a = operandWert(t, links, p);
-    Hyp b = operandWert(t, p + 1, rechts);
+    Hyp a = operandWert(t, links, p, p, speicher);
+    Hyp b = operandWert(t, p + 1, rechts, p, speicher);
     const int32_t platz = a.anzahl() + b.anzahl() + 1;
     Hyp r;
     switch (op) {
@@ -233,6 +249,7 @@ std::string OperatorAnwenden(const std::string& t, size_t p, char op) {
             break;
         }
         case '*':
+            // The product has at least this many bits: refused before it is built.
             GroessePruefen(double(aGetHighBitHyp(a)) + double(aGetHighBitHyp(b)) + 1);
             r = Hyp(platz + 1);
             aMulHypHyp(r, a, b);
@@ -248,29 +265,37 @@ std::string OperatorAnwenden(const std::string& t, size_t p, char op) {
             aSubHypHyp(r, b);
             break;
     }
+    // The checks before a product or power work from estimates; the built result is held to
+    // the limit exactly (a carry of a sum or product may add the one bit too many).
+    GroessePruefen(double(aGetHighBitHyp(r)) + 1);
     ab_und_zu_yield(r);
-    return t.substr(0, links) + einsetzen(std::move(r)) + t.substr(rechts);
+    return t.substr(0, links) + speicher.Einsetzen(std::move(r)) + t.substr(rechts);
 }
 
-std::string FunktionenErsetzen(std::string t) {
+std::string FunktionenErsetzen(std::string t, Formelspeicher& speicher) {
     for (;;) {
         size_t i = 0;
         while (i < t.size() && !istBuchstabe(t[i])) ++i;
         if (i == t.size()) return t;
         size_t j = i;
         while (j < t.size() && istBuchstabe(t[j])) ++j;
+        const std::string name = t.substr(i, j - i);
         size_t k = j;
         if (k < t.size() && t[k] == '#') ++k;
         while (k < t.size() && istZiffer(t[k])) ++k;
-        const Hyp v = FunktionAnwenden(t.substr(i, j - i), operandWert(t, j, k));
-        t = t.substr(0, i) + einsetzen(v) + t.substr(k);
+        // A word that names no function is refused before its argument is taken, so that a
+        // misspelt SQR does not pass its argument on as the value.
+        const std::optional<bool> wurzel = wurzelArt(name);
+        if (!wurzel) throw Laufzeitfehler(FehlerTypenUnvertraeglich, RechenText("msgWort", name, stelleText(t, i)));
+        const Hyp v = HypWurzel(operandWert(t, j, k, j, speicher), *wurzel);
+        t = t.substr(0, i) + speicher.Einsetzen(v) + t.substr(k);
     }
 }
 
-Hyp FunktionAnwenden(const std::string& name, const Hyp& a) {
-    if (name == "SQR" || name == "SQRT") return HypWurzel(a, true);
-    if (name == "SQRMOD") return HypWurzel(a, false);
-    return a;
+std::optional<Hyp> FunktionAnwenden(const std::string& name, const Hyp& a) {
+    const std::optional<bool> wurzel = wurzelArt(name);
+    if (!wurzel) return std::nullopt;
+    return HypWurzel(a, *wurzel);
 }
 
 std::string FormelWort() { return Text(168); }

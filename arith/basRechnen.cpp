@@ -130,8 +130,12 @@ void RechnenYield() {
 Hyp HypPotenz(const Hyp& b, const Hyp& e) {
     if (istNull(e)) return HypEins;
     if (istNull(b) || aCmpHyp32(b, 1) == 0) return b;
-    // The size is known before the first product: e log2(b) bits, refused above the limit.
-    GroessePruefen(Log2Hyp(e) >= 64 ? 1e30 : std::exp2(Log2Hyp(e)) * Log2Hyp(b));
+    // The size is known before the first product: b^e has floor(e log2(b)) + 1 bits, so 2^k
+    // counts k + 1. e is read as a double directly (exact to 2^53), not through its logarithm,
+    // so that a power of two lands exactly on the limit.
+    double eWert = 0;
+    for (int32_t i = e.anzahl(); i >= 1; --i) eWert = eWert * 4294967296.0 + double(uint32_t(e[i]));
+    GroessePruefen(Log2Hyp(e) >= 64 ? 1e30 : std::floor(eWert * Log2Hyp(b)) + 1);
     Hyp r(b);
     for (int32_t i = aGetHighBitHyp(e) - 1; i >= 0; --i) {
         Hyp q(2 * r.anzahl());

@@ -95,8 +95,11 @@ frmCalculator::frmCalculator(QWidget* eltern) : Fenster("frmCalculator", eltern)
     connect(txtFormel_, &QLineEdit::returnPressed, this, Sicher([this] { Rechnen(RechenFunktion::Formel); }));
     connect(btnStop_, &QPushButton::clicked, this, [] { Abbruch = true; });
     connect(merken, &QPushButton::clicked, this, Sicher([this] {
-                rechner_.Merken(cmbSpeicher_->currentIndex() + 1, ergebnis_);
+                if (!ergebnis_) return;
+                const int k = cmbSpeicher_->currentIndex() + 1;
+                const bool bleibt = rechner_.Merken(k, *ergebnis_);
                 speicherZeigen();
+                if (!bleibt) MsgInfoText(RechenText("msgSpeicherLang", "#" + std::to_string(k)));
             }));
     // A line of the history brings its formula back; a memory inserts its name.
     connect(lstVerlauf_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
@@ -109,6 +112,7 @@ frmCalculator::frmCalculator(QWidget* eltern) : Fenster("frmCalculator", eltern)
 
     FensterLaden("Rechner");
     lstVerlauf_->clear();  // the section gives the lists their tool tips, not entries
+    rechner_.SpeicherLaden();
     speicherZeigen();
     setMinimumWidth(560);
 }
@@ -143,33 +147,38 @@ void frmCalculator::Rechnen(RechenFunktion f) {
     if (laeuft_) return;  // a click that arrives through the yield of a running computation
     laufend(true);
     const std::string eingabe = txtFormel_->text().toStdString();
+    std::string fehler;
     try {
-        const Hyp wert = rechner_.Ausfuehren(f, eingabe);
-        ergebnis_ = wert;
-        ergebnisZeigen(wert);
+        RechenErgebnis e = rechner_.Ausfuehren(f, eingabe);
+        ergebnisZeigen(e);
+        ergebnis_ = std::move(e.wert);
         lstVerlauf_->addItem(q(rechner_.Verlauf().back()));
         lstVerlauf_->scrollToBottom();
     } catch (const Laufzeitfehler& e) {
-        laufend(false);
-        MsgInfoText(e.Beschreibung());
-        return;
+        fehler = e.Beschreibung();
     } catch (const std::bad_alloc&) {
-        laufend(false);
-        MsgInfoText(FehlerBeschreibung(FehlerKeinSpeicher));
-        return;
+        fehler = FehlerBeschreibung(FehlerKeinSpeicher);
     }
     laufend(false);
+    if (!fehler.empty()) {
+        ergebnisLeeren();
+        MsgInfoText(fehler);
+    }
 }
 
-void frmCalculator::ergebnisZeigen(const Hyp& wert) {
-    const std::string ziffern = Hyp2Text(wert);
-    lblErgebnis_->setText(q(ZiffernAnzeige(ziffern)));
-    lblStellen_->setText(q(RechenText("txtStellen", ZahlFormatLong(int32_t(ziffern.size())))));
-    const int32_t basis = ZahlenSystem < 2 ? 10 : ZahlenSystem;
-    lblBasis_->setVisible(basis != 10);
-    if (basis != 10) {
-        lblBasis_->setText(q(BasisBeschriftung() + ": " + ZiffernAnzeige(HypInBasis(wert, basis), false)));
-    }
+void frmCalculator::ergebnisZeigen(const RechenErgebnis& e) {
+    lblErgebnis_->setText(q(ZiffernAnzeige(e.ziffern)));
+    lblStellen_->setText(q(RechenText("txtStellen", ZahlFormatLong(int32_t(e.ziffern.size())))));
+    lblBasis_->setVisible(!e.basisZiffern.empty());
+    lblBasis_->setText(e.basisZiffern.empty() ? QString() : q(BasisBeschriftung() + ": " + ZiffernAnzeige(e.basisZiffern, false)));
+}
+
+void frmCalculator::ergebnisLeeren() {
+    ergebnis_.reset();
+    lblErgebnis_->clear();
+    lblStellen_->clear();
+    lblBasis_->clear();
+    lblBasis_->setVisible(false);
 }
 
 void frmCalculator::speicherZeigen() {

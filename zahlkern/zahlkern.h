@@ -50,21 +50,23 @@ typedef struct DecimalSatz {
 
 /* target := all 16 bytes of source (the one member writing through its second argument). */
 void aMoveDec(const DecimalSatz* source, DecimalSatz* target);
-/* dec mod m (m read as unsigned, not 0); dec unchanged. */
+/* dec mod m (m read as unsigned); dec unchanged. m = 0 gives 0. */
 Long aModDec32(const DecimalSatz* dec, Long m);
-/* dec := dec div d (d unsigned, not 0); returns the old value's remainder. */
+/* dec := dec div d (d unsigned); returns the old value's remainder. d = 0 leaves dec, gives 0. */
 Long aDivDec32(DecimalSatz* dec, Long d);
-/* dec := dec - (dec mod m): the largest multiple of m not above it. Returns that remainder. */
+/* dec := dec - (dec mod m): the largest multiple of m not above it. Returns that remainder.
+ * m = 0 leaves dec and gives 0. */
 Long aLowModDec32(DecimalSatz* dec, Long m);
 /* dec := dec rounded down to a multiple of 120. */
 void aDecAuf120Kappen(DecimalSatz* dec);
-/* dec div d as a Long (the caller guarantees it fits); dec unchanged. */
+/* dec div d as a Long (the caller guarantees it fits); dec unchanged. d = 0 gives 0. */
 Long aDivDec2Long(const DecimalSatz* dec, Long d);
 /* dec mod 120, dec mod 8, dec mod 2 of the full 96-bit magnitude; dec unchanged. */
 Long aMODDec120(const DecimalSatz* dec);
 Long aMODDec8(const DecimalSatz* dec);
 Long aMODDec2(const DecimalSatz* dec);
-/* a := a mod b on the signed values (truncating division): the remainder has the sign of a. */
+/* a := a mod b on the signed values (truncating division): the remainder has the sign of a.
+ * b = 0 leaves a as it was. */
 void aModDecDirekt(DecimalSatz* a, const DecimalSatz* b);
 /* dec := dec shifted left / right by n bits; bits beyond 96 are cut. */
 void aShiftLeftDec(DecimalSatz* dec, Long n);

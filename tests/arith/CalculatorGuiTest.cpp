@@ -1,6 +1,7 @@
 // The calculator window offscreen: a formula typed and its result read, a function button, the
-// memories and a refusal that leaves the window usable. The value's display form is tested on
-// Hyp2Anzeige and through sw-cli eval, the calculator's stop on Rechner.
+// memories and their return after reopening, refusals that leave the window usable and no old
+// value behind, and the stop button during a long computation. The value's display form is
+// tested on Hyp2Anzeige and through sw-cli eval.
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QTest>
 
 #include "GuiTestUmgebung.h"
+#include "arith/basRechnen.h"
 #include "frame/basZentral.h"
 #include "windows/Fensterregister.h"
 
@@ -63,6 +65,71 @@ TEST_F(CalculatorTest, ButtonsMemoriesAndRefusals) {
     EXPECT_TRUE(Suche<QPushButton>("btnRechnen")->isEnabled());
     Tippen("7 MOD 3");
     EXPECT_EQ(Ergebnis(), "1");
+}
+
+TEST_F(CalculatorTest, ARefusalClearsTheResultAndTheMemoryButtonStoresNothing) {
+    Oeffnen();
+    for (const char* falsch : {"abc", "2+*3", "(2+3", "7/0"}) {
+        Tippen("6*7");
+        ASSERT_EQ(Ergebnis(), "42");
+        ui.meldungen.clear();
+        Tippen(falsch);
+        EXPECT_EQ(ui.meldungen.size(), 1u) << falsch;
+        EXPECT_EQ(Ergebnis(), "") << falsch;
+        EXPECT_EQ(Suche<QLabel>("lblStellen")->text(), "") << falsch;
+    }
+    Suche<QPushButton>("btnMerken")->click();
+    EXPECT_EQ(Suche<QListWidget>("lstSpeicher")->item(0)->text(), "#1 = -");
+}
+
+TEST_F(CalculatorTest, MemoriesAreThereAgainAfterReopening) {
+    QWidget* fenster = Oeffnen();
+    Tippen("2^127-1");
+    Suche<QComboBox>("cmbSpeicher")->setCurrentIndex(4);
+    Suche<QPushButton>("btnMerken")->click();
+    fenster->close();
+    Aufraeumen();
+    ASSERT_EQ(FensterAnzahl("frmCalculator"), 0);
+    Oeffnen();
+    EXPECT_EQ(Suche<QListWidget>("lstSpeicher")->item(4)->text(),
+              "#5 = 170.141.183.460.469.231.731.687.303.715.884.105.727");
+    Tippen("#5 + 1");
+    EXPECT_EQ(Ergebnis(), "170.141.183.460.469.231.731.687.303.715.884.105.728");
+}
+
+QPushButton* stoppKnopf = nullptr;
+void stoppKlicken() {
+    if (stoppKnopf) stoppKnopf->click();
+}
+
+TEST_F(CalculatorTest, TheStopButtonEndsPowersFactorialsAndTheTextOfHugeResults) {
+    Oeffnen();
+    // A memory of two million digits: "#1" costs nothing but its text.
+    Tippen("3^4000000");
+    Suche<QPushButton>("btnMerken")->click();
+    stoppKnopf = Suche<QPushButton>("btnStop");
+    ui.beiDoEvents = stoppKlicken;
+    const QString abgebrochen = QString::fromStdString(RechenText("msgAbbruch"));
+    for (const char* lang : {"#1", "3^20000000"}) {
+        ui.meldungen.clear();
+        Tippen(lang);
+        ASSERT_EQ(ui.meldungen.size(), 1u) << lang;
+        EXPECT_EQ(QString::fromStdString(ui.meldungen[0].text), abgebrochen) << lang;
+        EXPECT_EQ(Ergebnis(), "") << lang;
+    }
+    for (int knopf : {1, 2}) {  // n! and the primorial of the formula's value
+        ui.meldungen.clear();
+        Suche<QLineEdit>("txtFormel")->setText("3000000");
+        Suche<QPushButton>("btnFunktion", knopf)->click();
+        ASSERT_EQ(ui.meldungen.size(), 1u) << knopf;
+        EXPECT_EQ(QString::fromStdString(ui.meldungen[0].text), abgebrochen) << knopf;
+    }
+    ui.beiDoEvents = nullptr;
+    stoppKnopf = nullptr;
+    EXPECT_FALSE(Suche<QPushButton>("btnStop")->isEnabled());
+    EXPECT_FALSE(Abbruch);
+    Tippen("2+2");
+    EXPECT_EQ(Ergebnis(), "4");
 }
 
 }  // namespace

@@ -24,6 +24,8 @@ TEST_F(EvalCli, ValuesAndDigitCounts) {
     EXPECT_EQ(Starten("'10^100' --full").aus, "1" + std::string(100, '0') + "\n101 digits\n");
     EXPECT_EQ(Starten("255 --base 16").aus, "FF\n2 digits\n");
     EXPECT_EQ(Starten("255 --base 20").aus, "12 15 \n2 digits\n");
+    EXPECT_EQ(Starten("255 --base 40").aus, "6 15 \n2 digits\n");
+    EXPECT_EQ(Starten("'2^64' --base 4294967").aus, "1000000 592000 87616 \n3 digits\n");
     EXPECT_EQ(Starten("'2^127-1' --json").aus,
               "{\"expr\":\"2^127-1\",\"base\":10,\"digits\":39,\"value\":\"170141183460469231731687303715884105727\"}\n");
     const Lauf m = Starten("'2^2976221-1'");
@@ -35,7 +37,7 @@ TEST_F(EvalCli, ValuesAndDigitCounts) {
 
 TEST_F(EvalCli, RefusedFormulasAreOneLineAndExitCodeOne) {
     for (const char* f : {"'7/0'", "'(2+3'", "'2)+1'", "'2^(10^10)'", "'1+x$'", "'2^100' --max-bits 50",
-                          "1 --base 1", "'#3'"}) {
+                          "1 --base 1", "'#3'", "'2+*3'", "abc", "'SQR'"}) {
         const Lauf l = Starten(f);
         EXPECT_EQ(l.code, 1) << f;
         EXPECT_EQ(l.aus, "") << f;

@@ -2,9 +2,12 @@
 // refusals, the history, and the stop flag of a job around the calculator.
 #include <gtest/gtest.h>
 
+#include "ArithHilfen.h"
 #include "TestUmgebung.h"
 #include "arith/HypText.h"
 #include "arith/Rechner.h"
+#include "arith/basHyper.h"
+#include "frame/Einstellungen.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
@@ -16,7 +19,7 @@ namespace {
 class RechnerTest : public SwTest {
 protected:
     Rechner r;
-    std::string R(RechenFunktion f, const std::string& eingabe) { return Hyp2Text(r.Ausfuehren(f, eingabe)); }
+    std::string R(RechenFunktion f, const std::string& eingabe) { return r.Ausfuehren(f, eingabe).ziffern; }
     std::string Fehler(RechenFunktion f, const std::string& eingabe) {
         try {
             r.Ausfuehren(f, eingabe);
@@ -62,15 +65,58 @@ TEST_F(RechnerTest, FunctionButtonsAndTheirRefusals) {
     }
 }
 
-TEST_F(RechnerTest, PrimesComeFromTheRasterWhenItCoversTheNumber) {
+TEST_F(RechnerTest, NextAndPreviousPrimeUpToTheSquareOfTheLimit) {
     EXPECT_EQ(Fehler(RechenFunktion::NaechstePrim, "1000"), Text(497));
-    PrimaerLauf(Decimal(10000), MethodeProdukt);
-    EXPECT_EQ(R(RechenFunktion::NaechstePrim, "1000"), "1009");
-    EXPECT_EQ(R(RechenFunktion::VorherigePrim, "1000"), "997");
-    EXPECT_EQ(R(RechenFunktion::NaechstePrim, "1"), "2");
-    EXPECT_NE(Fehler(RechenFunktion::VorherigePrim, "2"), "");
-    EXPECT_EQ(Fehler(RechenFunktion::NaechstePrim, "10^30"), Text(497));
-    EXPECT_EQ(Fehler(RechenFunktion::NaechstePrim, "20000"), Text(497));
+    PrimaerLauf(Decimal(10000), MethodeProdukt);  // decidable up to 10^8
+    using F = RechenFunktion;
+    const char* faelle[][3] = {
+        {"1", "2", ""},             {"1000", "1009", "997"},        {"3", "5", "2"},
+        {"9999", "10007", "9973"},  // across the raster's limit, both ways
+        {"10007", "10009", "9973"}, {"10008", "10009", "10007"},   {"123456789/2", "61728413", "61728391"},
+        {"10^8", "", "99999989"},   {"99999989", "", "99999971"},  // the next one lies beyond 10^8
+    };
+    for (auto& f : faelle) {
+        const std::string nach = *f[1] ? R(F::NaechstePrim, f[0]) : Fehler(F::NaechstePrim, f[0]);
+        EXPECT_EQ(nach, *f[1] ? std::string(f[1]) : Text(497)) << f[0];
+        if (*f[2]) {
+            EXPECT_EQ(R(F::VorherigePrim, f[0]), f[2]) << f[0];
+        }
+    }
+    EXPECT_NE(Fehler(F::VorherigePrim, "2"), "");
+    EXPECT_EQ(Fehler(F::NaechstePrim, "10^8+1"), Text(497));
+    EXPECT_EQ(Fehler(F::VorherigePrim, "10^30"), Text(497));
+    // Random points against GMP's primes.
+    Mpz n, p;
+    for (int i = 0; i < 40; ++i) {
+        const unsigned long x = 10000 + Zufall()() % 99000000;
+        mpz_set_ui(n.z, x);
+        mpz_nextprime(p.z, n.z);
+        EXPECT_EQ(R(F::NaechstePrim, std::to_string(x)), p.Text()) << x;
+        unsigned long v = x - 1;
+        while (!mpz_probab_prime_p((mpz_set_ui(p.z, v), p.z), 30)) --v;
+        EXPECT_EQ(R(F::VorherigePrim, std::to_string(x)), std::to_string(v)) << x;
+    }
+    EXPECT_TRUE(ui.meldungen.empty());
+}
+
+TEST_F(RechnerTest, MemoriesAreKeptForTheNextSession) {
+    r.Merken(2, Auswerten("2^127-1"));
+    r.Merken(3, Auswerten("10^600"));  // three parts in the settings file
+    r.Merken(3, Auswerten("7"));       // and back to one
+    r.Merken(4, Auswerten("10^1200"));
+    EXPECT_FALSE(r.Merken(5, Auswerten("10^20000"))) << "too long for the settings file";
+    EXPECT_TRUE(r.Belegt(5)) << "but kept for this session";
+    IniSchreiben("Rechner", "Speicher(6)", "2");
+    IniSchreiben("Rechner", "Speicher(6).1", "12");
+    IniSchreiben("Rechner", "Speicher(6).2", "3x");  // damaged by hand
+    Rechner neu;
+    neu.SpeicherLaden();
+    EXPECT_EQ(Hyp2Text(neu.Speicher(2)), "170141183460469231731687303715884105727");
+    EXPECT_EQ(Hyp2Text(neu.Speicher(3)), "7");
+    EXPECT_EQ(Hyp2Text(neu.Speicher(4)), "1" + std::string(1200, '0'));
+    EXPECT_FALSE(neu.Belegt(1));
+    EXPECT_FALSE(neu.Belegt(5));
+    EXPECT_FALSE(neu.Belegt(6));
 }
 
 TEST_F(RechnerTest, HistoryKeepsLinesAndFormulas) {
@@ -93,6 +139,19 @@ TEST_F(RechnerTest, AStopEndsOnlyTheCalculatorsComputation) {
     ui.beiDoEvents = stopp;
     EXPECT_NE(Fehler(RechenFunktion::Fakultaet, "1000000"), "");
     EXPECT_FALSE(Abbruch) << "the calculator's stop must not stop the job around it";
+}
+
+TEST_F(RechnerTest, AStopEndsTheTextOfAHugeResultToo) {
+    // A memory is read without any computation: only its millions of digits take time.
+    r.Merken(1, Auswerten("3^4000000"));
+    ui.beiDoEvents = stopp;
+    EXPECT_EQ(GeworfeneNummer([&] { r.Ausfuehren(RechenFunktion::Formel, "#1"); }), 18);
+    EXPECT_TRUE(r.Verlauf().empty());
+    ui.beiDoEvents = nullptr;
+    ZahlenSystem = 7;
+    const RechenErgebnis e = r.Ausfuehren(RechenFunktion::Formel, "#1 / 3^3999998");
+    EXPECT_EQ(e.ziffern, "9");
+    EXPECT_EQ(e.basisZiffern, "12");
 }
 
 }  // namespace
