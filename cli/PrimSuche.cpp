@@ -91,7 +91,9 @@ void fensterDurchlaufen(Zahl128 start, Zahl128 von, Zahl128 bis, F&& f) {
     std::array<uint32_t, FensterWoerter> raster{};
     const Zahl128 ende = start + Spanne - 1;
     const uint64_t grenze = uint64_t(std::min(PrimaerGrenze.Betrag(), wurzel(ende)));
-    SekundaerFensterSieben(raster.data(), FensterWoerter, start, grenze);
+    // With a large raster of the user's the sieving primes take a while: Ctrl-C is heard
+    // between their slices.
+    SekundaerFensterSieben(raster.data(), FensterWoerter, start, grenze, [](void*, uint64_t, uint64_t) { DoEvents(); });
     FreieBitsDurchlaufen(raster.data(), 0, FensterWoerter, start, von, std::min(bis, ende),
                          [&](Zahl128 c) { return f(c, grenze); });
 }
@@ -156,6 +158,7 @@ Fund radSuchen(Mpz c, int richtung) {
         if (std::gcd(r, 30ul) == 1 && !kleinerTeiler(c)) {
             const Urteil u = bpsw(c);
             if (u.prim) return fund(c, u.bewiesen);
+            DoEvents();  // a test of a number of many thousand digits takes seconds
         }
         unsigned long schritt = 1;
         while (std::gcd((long(r) + 30 + richtung * long(schritt)) % 30, 30l) != 1) ++schritt;
@@ -164,7 +167,7 @@ Fund radSuchen(Mpz c, int richtung) {
         } else {
             mpz_sub_ui(c, c, schritt);
         }
-        if (runde % 256 == 0) DoEvents();
+        if (runde % 4096 == 0) DoEvents();
     }
 }
 
