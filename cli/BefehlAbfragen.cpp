@@ -1,13 +1,15 @@
 // sw-cli count FROM TO | primes FROM TO | next N | prev N | isprime N
 // Each question builds (or loads) the raster it needs: by default the smallest one that
-// answers it exactly; with --limit or --block the user's, and a question beyond that raster
-// is refused rather than answered wrongly.
+// answers it exactly; with --limit or --block the user's, and a count or list beyond that
+// raster is refused rather than answered wrongly. next, prev and isprime answer beyond any
+// raster through the secondary sieve and BPSW, and say when a verdict is only probable.
 #include <cstdio>
 #include <cstring>
 #include <memory>
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
+#include "PrimSuche.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -26,32 +28,11 @@ struct Frage {
 Decimal hoechstens(const Decimal& a, const Decimal& b) { return a < b ? b : a; }
 const Decimal tausend = Decimal(1000);
 
-// The limit of the default raster for a question about n answered by trial division up to
-// its square root; refused when even that raster would be larger than any raster can be.
-Decimal wurzelGrenze(const Decimal& n, const std::string& frage) {
-    const Decimal w = GanzeWurzel(n) + Decimal(1);
-    if (w > GroessteGrenze()) {
-        throw CliFehler(frage + ": " + n.Text() + " is too large; its square root lies beyond the largest raster (" +
-                        GroessteGrenze().Text() + ")");
-    }
-    return hoechstens(w, tausend);
-}
-
 Decimal bisGrenze(const Decimal& n, const std::string& frage) {
     if (n > GroessteGrenze()) {
         throw CliFehler(frage + ": " + n.Text() + " lies beyond the largest raster (" + GroessteGrenze().Text() + ")");
     }
     return hoechstens(n, tausend);
-}
-
-// Prime or not by the raster, or above the limit by trial division up to the square root.
-bool primFrage(const Decimal& n) {
-    if (n <= PrimaerGrenze) return IstPrim(n);
-    if (n > PrimaerQuadrat) {
-        throw CliFehler("isprime: " + n.Text() + " lies beyond the square of the raster's limit " +
-                        PrimaerGrenze.Text());
-    }
-    return FaktorenText(n) == n.Text();
 }
 
 // The raster for a question about numbers up to n: the given one or one up to n.
@@ -108,47 +89,60 @@ void auflisten(const Frage& f) {
     }
 }
 
-void naechste(const Frage& f) {
-    const Decimal n = ZahlLesen(f.zahlen[0], "N");
-    Decimal grenze = bisGrenze(n + tausend, "next");
-    Decimal p;
-    for (;;) {
-        RasterBereitstellen(f.raster, grenze);
-        p = NaechstePrim(n);
-        if (!p.IstNull()) break;
-        if (RasterGewaehlt(f.raster)) {
-            throw CliFehler("next: there is no prime above " + n.Text() + " up to the raster's limit " +
-                            PrimaerGrenze.Text());
-        }
-        // A gap longer than the first guess: the default raster grows until it holds one.
-        grenze = bisGrenze(n + (grenze - n) * Decimal(2), "next");
+// Without a raster of the user's, next, prev and isprime sieve one that holds N (and a gap
+// behind it) while that is instant; above, one of AbfrageRaster whose primes sieve the windows
+// next to N. A larger one would prove nothing more: below 2^64 BPSW proves, and above it no
+// raster that can be built in a second reaches the square root.
+const Decimal AbfrageRaster = Decimal(10000000);
+
+Decimal abfrageGrenze(const Mpz& n, unsigned long zugabe) {
+    Mpz g;
+    mpz_add_ui(g, n, zugabe);
+    if (mpz_cmp_ui(g.get(), 10000000) >= 0) return AbfrageRaster;
+    return hoechstens(Decimal(int64_t(mpz_get_ui(g))), tausend);
+}
+
+void fundAusgeben(const Frage& f, JsonObjekt& j, const char* name, const Fund& p) {
+    if (p.gefunden) {
+        j.Zahl(name, ZahlText(p.zahl));
+    } else {
+        j.Roh(name, "null");
     }
+    j.Wahr("proven", p.bewiesen);
+    ausgeben(f, j, !p.gefunden ? "none" : ZahlText(p.zahl) + (p.bewiesen ? "" : " (probable prime)"));
+}
+
+void naechste(const Frage& f) {
+    const Mpz n = ArgumentLesen(f.zahlen[0], "N");
+    RasterBereitstellen(f.raster, abfrageGrenze(n, 1000));
+    const Fund p = NaechstePrimzahl(n);
     JsonObjekt j;
-    j.Zahl("n", n).Zahl("next", p);
-    ausgeben(f, j, p.Text());
+    j.Zahl("n", ZahlText(n));
+    fundAusgeben(f, j, "next", p);
 }
 
 void vorherige(const Frage& f) {
-    const Decimal n = ZahlLesen(f.zahlen[0], "N");
-    rasterBis(f, n, "prev");
-    const Decimal p = VorherigePrim(n);
+    const Mpz n = ArgumentLesen(f.zahlen[0], "N");
+    RasterBereitstellen(f.raster, abfrageGrenze(n, 0));
+    const Fund p = VorherigePrimzahl(n);
     JsonObjekt j;
-    j.Zahl("n", n);
-    if (p.IstNull()) {
-        j.Roh("prev", "null");
-    } else {
-        j.Zahl("prev", p);
-    }
-    ausgeben(f, j, p.IstNull() ? "none" : p.Text());
+    j.Zahl("n", ZahlText(n));
+    fundAusgeben(f, j, "prev", p);
 }
 
 void primTest(const Frage& f) {
-    const Decimal n = ZahlLesen(f.zahlen[0], "N");
-    RasterBereitstellen(f.raster, wurzelGrenze(n, "isprime"));
-    const bool prim = primFrage(n);
+    const Mpz n = ArgumentLesen(f.zahlen[0], "N");
+    RasterBereitstellen(f.raster, abfrageGrenze(n, 0));
     JsonObjekt j;
-    j.Zahl("n", n).Wahr("prime", prim);
-    ausgeben(f, j, prim ? "prime" : "composite");
+    j.Zahl("n", ZahlText(n));
+    // 0 and 1 are units or zero: no prime, and no product of primes either.
+    if (mpz_cmp_ui(n.get(), 1) <= 0) {
+        j.Wahr("prime", false).Wahr("proven", true);
+        return ausgeben(f, j, "neither prime nor composite");
+    }
+    const Urteil u = PrimUrteil(n);
+    j.Wahr("prime", u.prim).Wahr("proven", u.bewiesen);
+    ausgeben(f, j, !u.prim ? "composite" : u.bewiesen ? "prime" : "probable prime");
 }
 
 void anmelden(CLI::App& app, std::function<void()>& auftrag, const char* name, const char* hilfe, std::vector<const char*> zahlen,

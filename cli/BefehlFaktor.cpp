@@ -7,9 +7,9 @@
 #include <memory>
 
 #include "Befehle.h"
+#include "Argumente.h"
 #include "CliUmgebung.h"
 #include "arith/HypText.h"
-#include "arith/basHyper.h"
 #include "frame/basZentral.h"
 #include "primality/Faktorisierung.h"
 
@@ -38,8 +38,7 @@ std::string jsonFaktoren(const Zerlegung& z) {
 }
 
 void zerlegen(const FaktorFrage& f) {
-    // A number typed with the formula word, as the windows write it, reads the same.
-    const Hyp n = Formel2Hyp(FormelWort() + " " + f.zahl);
+    const Hyp n = MpzZuHyp(ArgumentLesen(f.zahl, "N"));
     const std::string ziffern = Hyp2Text(n);
     if (ziffern == "0") throw CliFehler("factor: 0 has no prime factorisation");
     RasterBereitstellen(f.raster, kProbeGrenze);

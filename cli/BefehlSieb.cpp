@@ -22,7 +22,7 @@ struct SiebOptionen {
 };
 
 void sieben(const SiebOptionen& o) {
-    const Decimal grenze = ZahlLesen(o.limit, "the limit");
+    const Decimal grenze = ZahlLesen(o.limit, "LIMIT");
     const double start = Timer();
     if (!PrimaerLauf(grenze, o.methode)) {
         const std::string m = Terminal().LetzteMeldung();

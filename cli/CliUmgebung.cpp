@@ -60,72 +60,6 @@ CliOberflaeche& Terminal() {
     return terminal;
 }
 
-Decimal ZahlLesen(const std::string& text, const std::string& was) {
-    auto fehler = [&]() { return CliFehler(was + " is not a whole non-negative number: '" + text + "'"); };
-    std::string s;
-    for (char c : text) {
-        if (c != ' ' && c != '\t') s += c;
-    }
-    if (s.empty()) throw fehler();
-    const size_t e = s.find_first_of("eE");
-    const std::string mantisse = s.substr(0, e);
-    std::string ziffern;
-    int64_t exponent = 0;
-    if (e == std::string::npos) {
-        // Grouping dots stand between groups of exactly three digits.
-        size_t gruppe = 0;
-        bool gruppiert = false;
-        for (size_t i = 0; i < s.size(); ++i) {
-            if (s[i] == '.') {
-                if (gruppe == 0 || (gruppiert && gruppe != 3)) throw fehler();
-                gruppiert = true;
-                gruppe = 0;
-            } else if (s[i] >= '0' && s[i] <= '9') {
-                ziffern += s[i];
-                ++gruppe;
-            } else {
-                throw fehler();
-            }
-        }
-        if (ziffern.empty() || (gruppiert && gruppe != 3)) throw fehler();
-        if (gruppiert && s.find('.') > 3) throw fehler();
-    } else {
-        const std::string hoch = s.substr(e + 1);
-        size_t i = (!hoch.empty() && hoch[0] == '+') ? 1 : 0;
-        if (i >= hoch.size() || hoch.size() - i > 3) throw fehler();
-        for (; i < hoch.size(); ++i) {
-            if (hoch[i] < '0' || hoch[i] > '9') throw fehler();
-            exponent = exponent * 10 + (hoch[i] - '0');
-        }
-        bool punkt = false;
-        for (char c : mantisse) {
-            if (c == '.' && !punkt) {
-                punkt = true;
-            } else if (c >= '0' && c <= '9') {
-                ziffern += c;
-                if (punkt) --exponent;
-            } else {
-                throw fehler();
-            }
-        }
-        if (ziffern.empty()) throw fehler();
-        // Trailing zeros of the mantissa may pay for a negative exponent; other digits may not.
-        while (exponent < 0 && ziffern.size() > 1 && ziffern.back() == '0') {
-            ziffern.pop_back();
-            ++exponent;
-        }
-        if (exponent < 0) throw CliFehler(was + " must be a whole number: '" + text + "'");
-    }
-    const size_t erste = ziffern.find_first_not_of('0');
-    const size_t stellen = erste == std::string::npos ? 0 : ziffern.size() - erste + size_t(exponent);
-    if (stellen > 29) throw CliFehler(was + " is too large: '" + text + "'");
-    try {
-        return Decimal::ausText(ziffern + std::string(size_t(exponent), '0'));
-    } catch (const Laufzeitfehler&) {
-        throw CliFehler(was + " is too large: '" + text + "'");
-    }
-}
-
 Bereich BereichLesen(const std::string& von, const std::string& bis, const std::string& frage) {
     Bereich b{ZahlLesen(von, "FROM"), ZahlLesen(bis, "TO")};
     if (b.von > b.bis) throw CliFehler(frage + ": FROM " + b.von.Text() + " is greater than TO " + b.bis.Text());
@@ -151,7 +85,7 @@ void RasterBereitstellen(const RasterWahl& wahl, const Decimal& standardGrenze) 
         }
         return;
     }
-    const Decimal grenze = wahl.limit.empty() ? standardGrenze : ZahlLesen(wahl.limit, "the limit");
+    const Decimal grenze = wahl.limit.empty() ? standardGrenze : ZahlLesen(wahl.limit, "--limit");
     if (!PrimaerLauf(grenze, MethodeProdukt)) abgelehnt("the raster cannot be built");
 }
 

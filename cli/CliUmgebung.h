@@ -1,7 +1,6 @@
 // CliUmgebung: what every command of sw-cli shares. The Oberflaeche of the terminal that
 // keeps the text of the last box (so that a refusal becomes the one line "sw-cli: ..."), the
-// reading of numbers as a user types them (2e9, 2000000000, 2.000.000.000), the raster that
-// a question needs, and the small JSON writer of --json.
+// range of a question, the raster that a question needs, and the small JSON writer of --json.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "Argumente.h"
 #include "frame/Decimal.h"
 #include "frame/OberflaecheTerminal.h"
 
@@ -44,11 +44,6 @@ private:
 };
 
 CliOberflaeche& Terminal();
-
-// A non-negative integer as a user writes it: digits, optionally grouped by "." in threes
-// (2.000.000.000), or a mantissa with an exponent (2e9, 1.5e10). Anything else, and a value
-// with a fraction, is a CliFehler naming what was given.
-Decimal ZahlLesen(const std::string& text, const std::string& was);
 
 // FROM and TO of a range question, read by ZahlLesen; FROM above TO is a CliFehler.
 struct Bereich {

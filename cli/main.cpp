@@ -1,12 +1,13 @@
 // sw-cli: the jobs of SW without a window, for scripts, batch systems and machines without a
 // display. One subcommand per job family; readable text by default, one JSON object with
-// --json; a one-line message and exit code 1 on bad input; Ctrl-C stops the job and keeps
+// --json; a one-line message and exit code 1 on bad input (with --json also {"error": ...}); Ctrl-C stops the job and keeps
 // what was printed.
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <functional>
 #include <iostream>
+#include <string_view>
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
@@ -30,9 +31,17 @@ int main(int argc, char** argv) {
     EvalBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
 
-    auto fehler = [](const std::string& text) {
-        std::fflush(stdout);
+    // With --json a refusal is a JSON object on stdout as well, so that a script reading
+    // stdout sees why there is no answer; the line on stderr stays for the person watching.
+    bool json = false;
+    for (int i = 1; i < argc; ++i) json = json || std::string_view(argv[i]) == "--json";
+    auto fehler = [json](const std::string& text) {
         Terminal().FortschrittBeenden();
+        if (json) {
+            JsonObjekt j;
+            std::printf("%s\n", j.Text("error", text).Ende().c_str());
+        }
+        std::fflush(stdout);
         std::cerr << "sw-cli: " << text << std::endl;
         return 1;
     };
