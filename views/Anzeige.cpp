@@ -65,9 +65,10 @@ Decimal AnzeigeLogik::ZelleZahl(int32_t zeile, int32_t spalte) const {
     return n;
 }
 
+bool AnzeigeLogik::RasterDa() const { return (ZufallModus != 0 && Modus != 5) || PrimaerRasterVorhanden(); }
+
 bool AnzeigeLogik::BereichHolen(const std::string& anfangText, const std::string& laengeText) {
-    // Only the random raster shows something without the primary raster.
-    if ((ZufallModus == 0 || Modus == 5) && !PrimaerRasterVorhanden()) return false;
+    if (!RasterDa()) return false;
     StoppUhrStart("Anzeige " + BasisBeschriftung());
     fenster_.NavigationSchalten(false);
     Decimal anfang, laenge;

@@ -78,6 +78,9 @@ public:
     // btnGO: reads the two input texts and fetches the range; false (after its box) if refused,
     // also before the first run (PrimaerRasterVorhanden), except for the random raster.
     bool BereichHolen(const std::string& anfangText, const std::string& laengeText);
+    // True when this mode has the raster it shows; else says that the raster is missing. Only
+    // the random raster shows something without the primary raster.
+    bool RasterDa() const;
     // Toolbar navigation 0..5: first page, page up, line up, line down, page down, last page.
     void Blaettern(int32_t befehl);
     // The page at Aktuell.

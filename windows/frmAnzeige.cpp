@@ -203,12 +203,8 @@ void frmAnzeige::BereichHolen() {
         MsgInfo(1111);
         return;
     }
-    // Without a primary range the raster holds no primes yet: every number coprime to 30
-    // would be shown as prime.
-    if (!RasterBereit) {
-        MsgInfo(1110);
-        return;
-    }
+    // Asked before the fields, so that a missing raster is named first.
+    if (!logik_.RasterDa()) return;
     const Decimal groesste = Decimal::ausBreit(Decimal::Maximum);
     // The window of the square sieve starts at 10,000 at the least.
     const Decimal kleinster = logik_.Modus == 5 ? Decimal(10000) : Decimal(0);

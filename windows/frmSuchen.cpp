@@ -92,7 +92,7 @@ bool frmSuchen::Starten() {
     if (!anzeige_) return treffer;  // the display closed during the search
     btnGO_->setEnabled(true);
     // A search that ran through without a hit says so, or the window would look unchanged.
-    lblStatus_->setText(QString::fromStdString(Text(treffer ? 585 : SucheAbbruch ? 132 : 1114)));
+    lblStatus_->setText(QString::fromStdString(Text(treffer ? 585 : SucheAbbruch ? 132 : 1001)));
     if (treffer) MsgInfo(585);
     return treffer;
 }
