@@ -82,6 +82,3 @@ std::string GuiTest::Meldungen() const {
 
 }  // namespace sw::test
 
-// Fontconfig keeps a cache for the life of the process that it never frees; the sanitizer
-// build would report it as a leak of every GUI test.
-extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
