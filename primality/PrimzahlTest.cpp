@@ -96,7 +96,12 @@ PrimTestErgebnis PrimzahlTestLauf(const std::string& zahlText, const std::string
         StoppUhrStart(caption);
         // The walk from the root needs the small divisors done by the pre-test.
         if (methode == MethodeWurzelProbedivision) grenze = std::max(grenze, 100);
-        if (Vorpruefung(zahl, grenze, bericht)) methodeAusfuehren(methode, zahl, grenze, caption, bericht);
+        if (Vorpruefung(zahl, grenze, bericht)) {
+            // The pre-test left its last divisor in the line; the method runs under "running".
+            bericht.Zwischenstand(Text(135));
+            DoEvents();
+            methodeAusfuehren(methode, zahl, grenze, caption, bericht);
+        }
         // A verdict that was reached stands, even when the stop came during its last step.
         if (Abbruch && bericht.Ergebnis().urteil == PrimUrteil::Offen) {
             bericht.Urteil(PrimUrteil::Abgebrochen, false, Text(139));

@@ -8,6 +8,7 @@
 #include "windows/frmCalculator.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmPrimModify.h"
+#include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmZufall.h"
 
@@ -41,6 +42,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmPrimModify", modal<frmPrimModify>()},
+        {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmZufall", modal<frmZufall>()},
     };
