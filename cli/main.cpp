@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
     SiebBefehlAnmelden(app, auftrag);
     AbfrageBefehleAnmelden(app, auftrag);
     EvalBefehlAnmelden(app, auftrag);
+    TestBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
 
     auto fehler = [](const std::string& text) {
