@@ -55,6 +55,13 @@ TEST(Bpsw, LargeNumbersAgainstGmp) {
         ASSERT_TRUE(BpswTest(q));
     }
     gmp_randclear(gmpZufall);
+    // Every 2^e - 1 up to e = 1300 (the folding reduction of Mersenne numbers), composite
+    // ones such as 2^11 - 1 = 2047, a strong pseudoprime to base 2, included.
+    for (unsigned long e = 2; e <= 1300; ++e) {
+        mpz_ui_pow_ui(n, 2, e);
+        mpz_sub_ui(n, n, 1);
+        ASSERT_EQ(BpswTest(n), mpz_probab_prime_p(n, 30) != 0) << "2^" << e << "-1";
+    }
     // Mersenne primes and their neighbours through the Hyp bridge.
     for (unsigned long e : {61ul, 89ul, 107ul, 127ul, 521ul, 607ul, 1279ul}) {
         mpz_ui_pow_ui(n, 2, e);
