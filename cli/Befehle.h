@@ -18,6 +18,8 @@ void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void FaktorBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // eval: evaluates a formula and prints its value and digit count.
 void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// test: one number of any size by one method of the prime test, proven or probable.
+void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;

@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
     AbfrageBefehleAnmelden(app, auftrag);
     FaktorBefehlAnmelden(app, auftrag);
     EvalBefehlAnmelden(app, auftrag);
+    TestBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
 
     // With --json a refusal is a JSON object on stdout as well, so that a script reading

@@ -10,6 +10,37 @@ namespace {
 constexpr unsigned kKleinePrimzahlen[] = {2,  3,  5,  7,  11, 13, 17, 19, 23, 29, 31, 37, 41,
                                           43, 47, 53, 59, 61, 67, 71, 73, 79, 83, 89, 97};
 
+// Reduction modulo n. For n = 2^p - 1 (the numbers this program tests most) by folding:
+// t = (t >> p) + (t mod 2^p) mod n, linear in the length instead of a division.
+class Reduktion {
+  public:
+    explicit Reduktion(mpz_srcptr n)
+        : n_(n), p_(mpz_sizeinbase(n, 2)), mersenne_(mpz_popcount(n) == p_ && p_ > 2) {}
+    bool Mersenne() const { return mersenne_; }
+    mp_bitcnt_t P() const { return p_; }
+    void operator()(mpz_ptr t) {
+        if (!mersenne_) {
+            mpz_mod(t, t, n_);
+            return;
+        }
+        const int vorzeichen = mpz_sgn(t);
+        mpz_abs(t, t);
+        while (mpz_sizeinbase(t, 2) > p_) {
+            mpz_tdiv_q_2exp(hoch_, t, p_);
+            mpz_tdiv_r_2exp(t, t, p_);
+            mpz_add(t, t, hoch_);
+        }
+        if (mpz_cmp(t, n_) >= 0) mpz_sub(t, t, n_);
+        if (vorzeichen < 0 && mpz_sgn(t) != 0) mpz_sub(t, n_, t);
+    }
+
+  private:
+    mpz_srcptr n_;
+    mp_bitcnt_t p_;
+    bool mersenne_;
+    Mpz hoch_;
+};
+
 }  // namespace
 
 bool StarkerPseudoprimTest(mpz_srcptr n, unsigned long a) {
@@ -18,12 +49,17 @@ bool StarkerPseudoprimTest(mpz_srcptr n, unsigned long a) {
     const mp_bitcnt_t s = mpz_scan1(nMinus1, 0);
     mpz_tdiv_q_2exp(d, nMinus1, s);
 
-    Mpz basis(a);
-    mpz_powm(y, basis, d, n);
+    Reduktion mod(n);
+    if (a == 2 && mod.Mersenne()) {
+        mpz_setbit(y, mpz_fdiv_ui(d, mod.P()));  // 2^p = 1 mod 2^p - 1
+    } else {
+        Mpz basis(a);
+        mpz_powm(y, basis, d, n);
+    }
     if (mpz_cmp_ui(y.get(), 1) == 0 || mpz_cmp(y, nMinus1) == 0) return true;
     for (mp_bitcnt_t r = 1; r < s; ++r) {
         mpz_mul(y, y, y);
-        mpz_mod(y, y, n);
+        mod(y);
         if (mpz_cmp(y, nMinus1) == 0) return true;
         if (mpz_cmp_ui(y.get(), 1) == 0) return false;  // a nontrivial root of 1: composite
     }
@@ -47,6 +83,7 @@ bool StarkerLucasTest(mpz_srcptr n) {
 
     // n + 1 = d 2^s with d odd.
     Mpz d, qk, qk1, v, w, t;
+    Reduktion mod(n);
     mpz_add_ui(d, n, 1);
     const mp_bitcnt_t s = mpz_scan1(d, 0);
     mpz_tdiv_q_2exp(d, d, s);
@@ -62,20 +99,22 @@ bool StarkerLucasTest(mpz_srcptr n) {
         mpz_sub(t, t, qk);
         if (mpz_tstbit(d, i)) {  // k -> 2k+1
             mpz_mul_si(qk1, qk, Q);  // Q^k+1
-            mpz_mod(qk1, qk1, n);
+            mod(qk1);
             mpz_mul(w, w, w);  // V_2k+2 = V_k+1^2 - 2 Q^k+1
             mpz_submul_ui(w, qk1, 2);
-            mpz_mod(w, w, n);
-            mpz_mod(v, t, n);
+            mod(w);
+            mpz_swap(v, t);
+            mod(v);
             mpz_mul(qk, qk, qk1);  // Q^2k+1
         } else {  // k -> 2k
             mpz_mul(v, v, v);  // V_2k = V_k^2 - 2 Q^k
             mpz_submul_ui(v, qk, 2);
-            mpz_mod(v, v, n);
-            mpz_mod(w, t, n);
+            mod(v);
+            mpz_swap(w, t);
+            mod(w);
             mpz_mul(qk, qk, qk);  // Q^2k
         }
-        mpz_mod(qk, qk, n);
+        mod(qk);
     }
 
     // U_d = 0 mod n exactly when 2 V_d+1 = V_d mod n (P = 1).
@@ -88,9 +127,9 @@ bool StarkerLucasTest(mpz_srcptr n) {
         if (r + 1 == s) break;
         mpz_mul(v, v, v);  // V_2k = V_k^2 - 2 Q^k
         mpz_submul_ui(v, qk, 2);
-        mpz_mod(v, v, n);
+        mod(v);
         mpz_mul(qk, qk, qk);
-        mpz_mod(qk, qk, n);
+        mod(qk);
     }
     return false;
 }

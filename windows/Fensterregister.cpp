@@ -10,6 +10,7 @@
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
+#include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmZufall.h"
 
@@ -55,6 +56,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmPrimModify", modal<frmPrimModify>()},
+        {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmZufall", modal<frmZufall>()},
     };

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <vector>
 
 #include "primality/Bpsw.h"
 #include "primality/HypMpz.h"
@@ -54,6 +55,13 @@ TEST(Bpsw, LargeNumbersAgainstGmp) {
         ASSERT_TRUE(BpswTest(q));
     }
     gmp_randclear(gmpZufall);
+    // Every 2^e - 1 up to e = 1300 (the folding reduction of Mersenne numbers), composite
+    // ones such as 2^11 - 1 = 2047, a strong pseudoprime to base 2, included.
+    for (unsigned long e = 2; e <= 1300; ++e) {
+        mpz_ui_pow_ui(n, 2, e);
+        mpz_sub_ui(n, n, 1);
+        ASSERT_EQ(BpswTest(n), mpz_probab_prime_p(n, 30) != 0) << "2^" << e << "-1";
+    }
     // Mersenne primes and their neighbours through the Hyp bridge.
     for (unsigned long e : {61ul, 89ul, 107ul, 127ul, 521ul, 607ul, 1279ul}) {
         mpz_ui_pow_ui(n, 2, e);
@@ -62,6 +70,50 @@ TEST(Bpsw, LargeNumbersAgainstGmp) {
         mpz_add_ui(n, n, 2);
         EXPECT_EQ(BpswTest(MpzZuHyp(n)), mpz_probab_prime_p(n.get(), 30) != 0) << e;
     }
+}
+
+TEST(Bpsw, JedeZahlUnterZehnMillionenGegenDasSieb) {
+#if !defined(NDEBUG) || defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "release build only: ten million tests take minutes under the sanitizers";
+#endif
+    constexpr unsigned long kBis = 10000000;
+    std::vector<bool> prim(kBis, true);
+    prim[0] = prim[1] = false;
+    for (unsigned long p = 2; p * p < kBis; ++p) {
+        if (prim[p]) {
+            for (unsigned long v = p * p; v < kBis; v += p) prim[v] = false;
+        }
+    }
+    Mpz z;
+    for (unsigned long n = 0; n < kBis; ++n) {
+        mpz_set_ui(z, n);
+        ASSERT_EQ(BpswTest(z), bool(prim[n])) << n;
+    }
+}
+
+TEST(Bpsw, ZehntausendZufallszahlenGegenGmp) {
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr int kAnzahl = 1000;
+#else
+    constexpr int kAnzahl = 10000;
+#endif
+    gmp_randstate_t rs;
+    gmp_randinit_default(rs);
+    gmp_randseed_ui(rs, 4711);
+    Mpz n, zehn(10), oben;
+    int prim = 0;
+    for (int i = 0; i < kAnzahl; ++i) {
+        // Odd n with 20 to 400 digits, evenly over the digit counts.
+        const unsigned long stellen = 20 + gmp_urandomm_ui(rs, 381);
+        mpz_pow_ui(oben, zehn, stellen);
+        mpz_urandomm(n, rs, oben);
+        mpz_setbit(n, 0);
+        const bool gmp = mpz_probab_prime_p(n, 50) != 0;
+        prim += gmp;
+        ASSERT_EQ(BpswTest(n), gmp) << "seed 4711 #" << i;
+    }
+    gmp_randclear(rs);
+    EXPECT_GT(prim, kAnzahl / 200);  // the sample holds primes, not only composites
 }
 
 TEST(HypMpz, RoundTripKeepsEveryWord) {
