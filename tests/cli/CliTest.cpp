@@ -7,27 +7,12 @@
 #include <utility>
 #include <vector>
 
-#include "ProgrammLauf.h"
-#include "TestUmgebung.h"
+#include "CliBasis.h"
 
 namespace sw::test {
 namespace {
 
-class Cli : public SwTest {
-protected:
-    Lauf Starten(const std::string& argumente) {
-        return ProgrammStarten(SW_CLI_PFAD, Ordner(), argumente);
-    }
-    // Bad input: exit 1, nothing on stdout, exactly one line "sw-cli: ..." on stderr.
-    void Abgelehnt(const std::string& argumente, const std::string& enthaelt = "") {
-        const Lauf l = Starten(argumente);
-        EXPECT_EQ(l.code, 1) << argumente;
-        EXPECT_EQ(l.aus, "") << argumente;
-        EXPECT_EQ(l.fehler.rfind("sw-cli: ", 0), 0u) << argumente << ": " << l.fehler;
-        EXPECT_EQ(std::count(l.fehler.begin(), l.fehler.end(), '\n'), 1) << argumente << ": " << l.fehler;
-        EXPECT_NE(l.fehler.find(enthaelt), std::string::npos) << argumente << ": " << l.fehler;
-    }
-};
+using Cli = CliBasis;
 
 // Questions and the exact text sw-cli prints for them, readable and as JSON.
 TEST_F(Cli, Antworten) {
