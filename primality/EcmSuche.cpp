@@ -68,7 +68,9 @@ class EcmParameter {
         // The library's special arithmetic for factors of 2^n +- 1 keeps its buffers in static
         // variables, which two curves running side by side would share; the general
         // arithmetic has no such state.
-        p_->repr = ECM_MOD_NOBASE2;
+        // Batch curves accept only Montgomery's multiplication (the library refuses any other
+        // with a message and no curve); it is general arithmetic too.
+        p_->repr = p_->param == ECM_PARAM_BATCH_SQUARE ? ECM_MOD_MODMULN : ECM_MOD_NOBASE2;
         p_->nobase2step2 = 1;
     }
     ~EcmParameter() { ecm_clear(p_); }

@@ -9,6 +9,7 @@
 #include "TestUmgebung.h"
 #include "arith/HypText.h"
 #include "frame/basZentral.h"
+#include "primality/EcmSuche.h"
 #include "primality/Faktorisierung.h"
 #include "primality/HypMpz.h"
 #include "primality/PollardRho.h"
@@ -114,6 +115,25 @@ TEST_F(Faktorisierung, RhoTeiltZahlenBis2hoch64) {
         ASSERT_TRUE(PollardRhoBrent(f, n, 1 << 24, nie)) << p;
         EXPECT_TRUE(mpz_divisible_p(n, f));
         EXPECT_GT(mpz_cmp_ui(f.get(), 1), 0);
+        EXPECT_LT(mpz_cmp(f, n), 0);
+    }
+}
+
+// Every level of the ladder runs real curves on numbers of every size: the library refuses a
+// curve whose arithmetic does not fit its parameters (batch curves on large numbers) with a
+// message and no factor, which would leave whole levels idle. A 12-digit factor of numbers of
+// 40 to 400 digits falls to the first level.
+TEST_F(Faktorisierung, EcmKurvenLaufenAufJederGroesse) {
+    const std::function<bool()> nie = [] { return false; };
+    Mpz p, n, f;
+    mpz_set_ui(p, 100000000003ul);  // prime, 12 digits
+    for (unsigned long stellen : {40ul, 120ul, 400ul}) {
+        mpz_ui_pow_ui(n, 10, stellen - 12);
+        mpz_nextprime(n, n);
+        mpz_mul(n, n, p);
+        const EcmErgebnis e = EcmKurvenParallel(f, n, EcmStufeNr(0).b1, 1, 4 * EcmStufeNr(0).kurven, nie);
+        ASSERT_TRUE(e.gefunden) << stellen << " digits";
+        EXPECT_TRUE(mpz_divisible_p(n, f));
         EXPECT_LT(mpz_cmp(f, n), 0);
     }
 }
