@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "arith/HypText.h"
-#include "arith/PrimNachbarn.h"
+#include "primality/PrimSuche.h"
 #include "arith/basHyper.h"
 #include "arith/basRechnen.h"
 #include "arith/basWurzel.h"

@@ -9,7 +9,7 @@
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
-#include "PrimSuche.h"
+#include "primality/PrimSuche.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -102,7 +102,13 @@ Decimal abfrageGrenze(const Mpz& n, unsigned long zugabe) {
     return hoechstens(Decimal(int64_t(mpz_get_ui(g))), tausend);
 }
 
-void fundAusgeben(const Frage& f, JsonObjekt& j, const char* name, const Fund& p) {
+// next and prev: the prime on one side of N (next needs the raster a little beyond N).
+void nachbarAusgeben(const Frage& f, const char* name, unsigned long zugabe, PrimFund (*suchen)(const Mpz&)) {
+    const Mpz n = ArgumentLesen(f.zahlen[0], "N");
+    RasterBereitstellen(f.raster, abfrageGrenze(n, zugabe));
+    const PrimFund p = suchen(n);
+    JsonObjekt j;
+    j.Zahl("n", ZahlText(n));
     if (p.gefunden) {
         j.Zahl(name, ZahlText(p.zahl));
     } else {
@@ -112,23 +118,8 @@ void fundAusgeben(const Frage& f, JsonObjekt& j, const char* name, const Fund& p
     ausgeben(f, j, !p.gefunden ? "none" : ZahlText(p.zahl) + (p.bewiesen ? "" : " (probable prime)"));
 }
 
-void naechste(const Frage& f) {
-    const Mpz n = ArgumentLesen(f.zahlen[0], "N");
-    RasterBereitstellen(f.raster, abfrageGrenze(n, 1000));
-    const Fund p = NaechstePrimzahl(n);
-    JsonObjekt j;
-    j.Zahl("n", ZahlText(n));
-    fundAusgeben(f, j, "next", p);
-}
-
-void vorherige(const Frage& f) {
-    const Mpz n = ArgumentLesen(f.zahlen[0], "N");
-    RasterBereitstellen(f.raster, abfrageGrenze(n, 0));
-    const Fund p = VorherigePrimzahl(n);
-    JsonObjekt j;
-    j.Zahl("n", ZahlText(n));
-    fundAusgeben(f, j, "prev", p);
-}
+void naechste(const Frage& f) { nachbarAusgeben(f, "next", 1000, NaechstePrimzahl); }
+void vorherige(const Frage& f) { nachbarAusgeben(f, "prev", 0, VorherigePrimzahl); }
 
 void primTest(const Frage& f) {
     const Mpz n = ArgumentLesen(f.zahlen[0], "N");
@@ -140,7 +131,7 @@ void primTest(const Frage& f) {
         j.Wahr("prime", false).Wahr("proven", true);
         return ausgeben(f, j, "neither prime nor composite");
     }
-    const Urteil u = PrimUrteil(n);
+    const PrimBefund u = PrimBefundVon(n);
     j.Wahr("prime", u.prim).Wahr("proven", u.bewiesen);
     ausgeben(f, j, !u.prim ? "composite" : u.bewiesen ? "prime" : "probable prime");
 }

@@ -19,6 +19,7 @@
 #include <QPrinter>
 #include <QRadioButton>
 #include <QScreen>
+#include <QTimer>
 #include <QShortcut>
 #include <QStyle>
 #include <QTabWidget>
@@ -309,8 +310,19 @@ void Fenster::lageSpeichern() {
 }
 
 void Fenster::closeEvent(QCloseEvent* e) {
+    if (laeuft_) {
+        Abbruch = true;
+        schliessenNachLauf_ = true;
+        e->ignore();
+        return;
+    }
     Behandeln([this] { FensterSpeichern(); });
     e->accept();
+}
+
+Fenster::Lauf::~Lauf() {
+    f_.laeuft_ = false;
+    if (f_.schliessenNachLauf_) QTimer::singleShot(0, &f_, &QWidget::close);
 }
 
 // ---- icon toolbar ---------------------------------------------------------------------

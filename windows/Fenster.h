@@ -54,6 +54,8 @@ public:
 
     // A window whose user may change its size stores Height and Width.
     virtual bool Groessenveraenderlich() const { return true; }
+    // True while a job of this window runs (see Lauf).
+    bool Laeuft() const { return laeuft_; }
 
 protected:
     // Tags the window handles itself: "Nav0".."Nav5", "Table", "Font", "Open".
@@ -73,7 +75,21 @@ protected:
     // their own gives one per mode. State and place stay in Sektion().
     virtual QString WerteSektion() const { return sektion_; }
 
+    // Closing the window while its job runs stops the job (Abbruch) and closes the window
+    // once the job has ended: the job runs on the window's stack and still needs it.
     void closeEvent(QCloseEvent* e) override;
+
+    // Held for the time of a job of the window (a scope around the job's call).
+    class Lauf {
+      public:
+        explicit Lauf(Fenster& f) : f_(f) { f_.laeuft_ = true; }
+        ~Lauf();
+        Lauf(const Lauf&) = delete;
+        Lauf& operator=(const Lauf&) = delete;
+
+      private:
+        Fenster& f_;
+    };
 
     QString mHelp;
 
@@ -89,6 +105,8 @@ private:
     void drucken();
 
     QString sektion_;
+    bool laeuft_ = false;
+    bool schliessenNachLauf_ = false;  // closed while running: close once the job has ended
     QToolBar* iconLeiste_ = nullptr;
     QWidget* schriftZeile_ = nullptr;
 };

@@ -61,7 +61,7 @@ frmFaktorAnzeige::frmFaktorAnzeige(QWidget* eltern) : Fenster("frmFaktorAnzeige"
 
     connect(btnGo_, &QPushButton::clicked, this, Sicher([this] { StartStop(); }));
     connect(txtZahl_, &QLineEdit::returnPressed, this, Sicher([this] {
-                if (!laeuft_) StartStop();
+                if (!Laeuft()) StartStop();
             }));
 
     IconsAufbauen("");
@@ -87,18 +87,16 @@ void frmFaktorAnzeige::StartStop() {
     if (ruhe.isEmpty()) ruhe = "Zerlegen";
     const bool stoppen = StartStopUmschalten(caption, ruhe.toStdString());
     btnGo_->setText(q(caption));
-    if (stoppen || laeuft_) return;
-    laeuft_ = true;
+    if (stoppen || Laeuft()) return;
+    const Lauf lauf(*this);
     // However the job ends (also by an error, which the handler's guard then shows), the
-    // window comes back to rest, and closes if it was closed meanwhile.
+    // window comes back to rest.
     struct Ruhe {
         frmFaktorAnzeige* w;
         QString text;
         ~Ruhe() {
-            w->laeuft_ = false;
             w->btnGo_->setText(text);
             w->prgKurven_->setVisible(false);
-            if (w->schliessen_) QTimer::singleShot(0, w, &QWidget::close);
         }
     } ruheWieder{this, ruhe};
     zerlegen();
@@ -152,15 +150,5 @@ void frmFaktorAnzeige::StandMelden(const FaktorStand& stand) {
     }
 }
 
-void frmFaktorAnzeige::closeEvent(QCloseEvent* e) {
-    if (laeuft_) {
-        // The job runs on this window's stack: it is stopped, and the window closes after it.
-        Abbruch = true;
-        schliessen_ = true;
-        e->ignore();
-        return;
-    }
-    Fenster::closeEvent(e);
-}
 
 }  // namespace sw

@@ -25,10 +25,8 @@ public:
 
     // btnGo: starts, or stops the running job.
     void StartStop();
-    bool Laeuft() const { return laeuft_; }
 
 protected:
-    void closeEvent(QCloseEvent* e) override;
 
 private:
     void StandMelden(const FaktorStand& stand) override;
@@ -41,8 +39,6 @@ private:
     QLabel* lblStufe_;
     QLabel* lblStatus_;
     QProgressBar* prgKurven_;
-    bool laeuft_ = false;
-    bool schliessen_ = false;  // closed while running: close once the job has ended
 };
 
 }  // namespace sw

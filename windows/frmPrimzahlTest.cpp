@@ -59,7 +59,7 @@ frmPrimzahlTest::frmPrimzahlTest(QWidget* eltern) : Fenster("frmPrimzahlTest", e
     // On leaving the field a formula becomes its grouped value, or keeps its form when the
     // number is long; a formula that fails has shown why and stays as typed.
     connect(txtPrim_, &QLineEdit::editingFinished, this, Sicher([this] {
-                if (laeuft_) return;
+                if (Laeuft()) return;
                 if (auto text = FormelFeldWorte(txtPrim_->text().toStdString())) txtPrim_->setText(q(*text));
             }));
     connect(txtGrenze_, &QLineEdit::editingFinished, this, Sicher([this] {
@@ -73,36 +73,25 @@ frmPrimzahlTest::frmPrimzahlTest(QWidget* eltern) : Fenster("frmPrimzahlTest", e
 }
 
 void frmPrimzahlTest::laufend(bool ja) {
-    laeuft_ = ja;
     for (QPushButton* b : btnTest_) b->setEnabled(!ja);
     txtPrim_->setReadOnly(ja);
     txtGrenze_->setReadOnly(ja);
 }
 
 void frmPrimzahlTest::Testen(int32_t methode) {
-    if (laeuft_) return;  // a click that arrives through the yield of a running test
+    if (Laeuft()) return;  // a click that arrives through the yield of a running test
+    const Lauf lauf(*this);
     laufend(true);
     try {
         PrimzahlTestLauf(PrimTestEingabe(txtPrim_->text().toStdString()), txtGrenze_->text().toStdString(), methode,
                          btnTest_[methode]->text().toStdString(), *this);
     } catch (...) {
         laufend(false);
-        if (schliessenNachLauf_) close();
         throw;
     }
     laufend(false);
-    if (schliessenNachLauf_) close();
 }
 
-void frmPrimzahlTest::closeEvent(QCloseEvent* e) {
-    if (laeuft_) {
-        Abbruch = true;
-        schliessenNachLauf_ = true;
-        e->ignore();
-        return;
-    }
-    Fenster::closeEvent(e);
-}
 
 void frmPrimzahlTest::Hinweis(const std::string& text) { lblHinweis_->setText(q(text)); }
 

@@ -24,7 +24,6 @@ public:
 
 protected:
     // A window closed while its test runs stops the test and goes when it has ended.
-    void closeEvent(QCloseEvent* e) override;
 
 private:
     void Hinweis(const std::string& text) override;
@@ -38,8 +37,6 @@ private:
     QPushButton* btnGO_;
     QLabel* lblHinweis_;
     QString stoppText_;
-    bool laeuft_ = false;
-    bool schliessenNachLauf_ = false;
 };
 
 }  // namespace sw

@@ -7,27 +7,38 @@
 // A verdict is proven when the raster reached the square root, when BPSW passed below 2^64
 // (no composite there passes), and always for "composite"; otherwise it is "probable prime".
 // The primary raster must be in place (PrimaerGrenze at least 1000).
+//
+// The calculator asks only what the sieve decides (PrimNach, PrimVor): primes up to the square
+// of the primary limit.
 #pragma once
 
+#include "frame/Decimal.h"
 #include "primality/HypMpz.h"
 
-namespace sw::cli {
+namespace sw {
 
-struct Urteil {
+struct PrimBefund {
     bool prim = false;
     bool bewiesen = true;
 };
 
-struct Fund {
+struct PrimFund {
     bool gefunden = false;  // false: no prime below N (N <= 2)
     Mpz zahl;
     bool bewiesen = true;
 };
 
-Urteil PrimUrteil(const Mpz& n);
+PrimBefund PrimBefundVon(const Mpz& n);
 // The smallest prime greater than n.
-Fund NaechstePrimzahl(const Mpz& n);
+PrimFund NaechstePrimzahl(const Mpz& n);
 // The greatest prime smaller than n, if there is one.
-Fund VorherigePrimzahl(const Mpz& n);
+PrimFund VorherigePrimzahl(const Mpz& n);
 
-}  // namespace sw::cli
+// The smallest prime above n; 0 when it would lie beyond the square of the limit or no raster
+// has been built.
+Decimal PrimNach(const Decimal& n);
+// The greatest prime below n; 0 when there is none, when n - 1 lies beyond the square of the
+// limit, or when no raster has been built.
+Decimal PrimVor(const Decimal& n);
+
+}  // namespace sw

@@ -1,4 +1,4 @@
-#include "PrimSuche.h"
+#include "primality/PrimSuche.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@
 #include "sieve/basSekundaer.h"
 #include "sieve/basSiebwerk.h"
 
-namespace sw::cli {
+namespace sw {
 
 namespace {
 
@@ -57,28 +57,28 @@ bool imFensterBereich(mpz_srcptr n) { return mpz_sizeinbase(n, 2) <= 96; }
 
 bool imRaster(mpz_srcptr n) { return mpz_cmp(n, alsMpz(PrimaerGrenze)) <= 0; }
 
-Urteil bpsw(mpz_srcptr n) {
+PrimBefund bpsw(mpz_srcptr n) {
     const bool prim = BpswTest(n);
     return {prim, !prim || BpswBeweist(n)};
 }
 
-Fund fund(mpz_srcptr zahl, bool bewiesen) {
-    Fund f;
+PrimFund fund(mpz_srcptr zahl, bool bewiesen) {
+    PrimFund f;
     f.gefunden = true;
     mpz_set(f.zahl, zahl);
     f.bewiesen = bewiesen;
     return f;
 }
 
-Fund ausRaster(const Decimal& p) {
-    Fund f;
+PrimFund ausRaster(const Decimal& p) {
+    PrimFund f;
     if (p.IstNull()) return f;
     return fund(alsMpz(p), true);
 }
 
 // A number the window's sieve left standing: prime if the raster reached its square root,
 // else as BPSW says.
-Urteil ueberlebender(Zahl128 c, uint64_t grenze) {
+PrimBefund ueberlebender(Zahl128 c, uint64_t grenze) {
     if (wurzel(c) <= grenze) return {true, true};
     return bpsw(alsMpz(c));
 }
@@ -99,12 +99,12 @@ void fensterDurchlaufen(Zahl128 start, Zahl128 von, Zahl128 bis, F&& f) {
 }
 
 // The first prime >= a, a above the raster.
-Fund fensterAufwaerts(Zahl128 a) {
+PrimFund fensterAufwaerts(Zahl128 a) {
     for (;;) {
         const Zahl128 start = a / RasterSpanne * RasterSpanne;
-        Fund gefunden;
+        PrimFund gefunden;
         fensterDurchlaufen(start, a, start + Spanne - 1, [&](Zahl128 c, uint64_t grenze) {
-            const Urteil u = ueberlebender(c, grenze);
+            const PrimBefund u = ueberlebender(c, grenze);
             if (u.prim) gefunden = fund(alsMpz(c), u.bewiesen);
             return !u.prim;
         });
@@ -115,7 +115,7 @@ Fund fensterAufwaerts(Zahl128 a) {
 }
 
 // The last prime <= b; below the raster's limit the raster answers.
-Fund fensterAbwaerts(Zahl128 b) {
+PrimFund fensterAbwaerts(Zahl128 b) {
     const Zahl128 unten = PrimaerGrenze.Betrag() + 1;
     while (b >= unten) {
         const Zahl128 ende = b / RasterSpanne * RasterSpanne + RasterSpanne - 1;
@@ -130,7 +130,7 @@ Fund fensterAbwaerts(Zahl128 b) {
             return true;
         });
         for (auto c = kandidaten.rbegin(); c != kandidaten.rend(); ++c) {
-            const Urteil u = ueberlebender(*c, grenze);
+            const PrimBefund u = ueberlebender(*c, grenze);
             if (u.prim) return fund(alsMpz(*c), u.bewiesen);
         }
         if (start == 0) break;
@@ -152,11 +152,11 @@ bool kleinerTeiler(mpz_srcptr c) {
     return false;
 }
 
-Fund radSuchen(Mpz c, int richtung) {
+PrimFund radSuchen(Mpz c, int richtung) {
     for (unsigned long runde = 1;; ++runde) {
         const unsigned long r = mpz_fdiv_ui(c, 30);
         if (std::gcd(r, 30ul) == 1 && !kleinerTeiler(c)) {
-            const Urteil u = bpsw(c);
+            const PrimBefund u = bpsw(c);
             if (u.prim) return fund(c, u.bewiesen);
             DoEvents();  // a test of a number of many thousand digits takes seconds
         }
@@ -173,11 +173,11 @@ Fund radSuchen(Mpz c, int richtung) {
 
 }  // namespace
 
-Urteil PrimUrteil(const Mpz& n) {
+PrimBefund PrimBefundVon(const Mpz& n) {
     if (imRaster(n)) return {IstPrim(alsDecimal(n)), true};
     if (!imFensterBereich(n)) return bpsw(n);
     const Zahl128 z = alsZahl128(n);
-    Urteil u{false, true};  // struck out by the sieve, or not prime to 30
+    PrimBefund u{false, true};  // struck out by the sieve, or not prime to 30
     fensterDurchlaufen(z / RasterSpanne * RasterSpanne, z, z, [&](Zahl128 c, uint64_t grenze) {
         u = ueberlebender(c, grenze);
         return false;
@@ -185,7 +185,7 @@ Urteil PrimUrteil(const Mpz& n) {
     return u;
 }
 
-Fund NaechstePrimzahl(const Mpz& n) {
+PrimFund NaechstePrimzahl(const Mpz& n) {
     if (imRaster(n)) {
         const Decimal p = NaechstePrim(alsDecimal(n));
         if (!p.IstNull()) return ausRaster(p);
@@ -196,7 +196,7 @@ Fund NaechstePrimzahl(const Mpz& n) {
     return radSuchen(a, 1);
 }
 
-Fund VorherigePrimzahl(const Mpz& n) {
+PrimFund VorherigePrimzahl(const Mpz& n) {
     if (imRaster(n)) return ausRaster(VorherigePrim(alsDecimal(n)));
     Mpz b;
     mpz_sub_ui(b, n, 1);
@@ -204,4 +204,25 @@ Fund VorherigePrimzahl(const Mpz& n) {
     return radSuchen(b, -1);
 }
 
-}  // namespace sw::cli
+namespace {
+
+// Decided by the sieve: a raster exists and p lies within the square of its limit.
+bool entschieden(const PrimFund& p) {
+    return p.gefunden && RasterBereit && mpz_cmp(p.zahl, alsMpz(PrimaerQuadrat)) <= 0;
+}
+
+}  // namespace
+
+Decimal PrimNach(const Decimal& n) {
+    if (!RasterBereit || PrimaerQuadrat.IstNull()) return 0;
+    const PrimFund p = NaechstePrimzahl(alsMpz(n));
+    return entschieden(p) ? alsDecimal(p.zahl) : Decimal(0);
+}
+
+Decimal PrimVor(const Decimal& n) {
+    if (!RasterBereit || PrimaerQuadrat.IstNull() || n - Decimal(1) > PrimaerQuadrat) return 0;
+    const PrimFund p = VorherigePrimzahl(alsMpz(n));
+    return entschieden(p) ? alsDecimal(p.zahl) : Decimal(0);
+}
+
+}  // namespace sw
