@@ -43,7 +43,7 @@ for fall in "2^9689-1" "n5000"; do
   [[ $("$CLI" test "$ZAHL" --method bpsw --limit 0 --json) == *'"verdict":"'"$([[ $fall == n5000 ]] && echo composite || echo probable prime)"'"'* ]] ||
     echo "$fall: unexpected verdict" >&2
   SW=$(cpu "$CLI" test "$ZAHL" --method bpsw --limit 0)
-  SW=$(awk -v a="$SW" -v b="$START" 'BEGIN { d = a - b; printf "%.3f", (d > 0.001 ? d : 0.001) }')
+  SW=$(awk -v a="$SW" -v b="$START" 'BEGIN { d = a - b; printf "%.3f", (d < 0.001 ? 0.001 : d) }')
   PA=$(pari "$GP")
   printf '%-14s %10s %10s %8s\n' "$fall" "$SW" "$PA" "$(awk -v a="$SW" -v b="$PA" 'BEGIN { printf "%.2f", a / b }')"
 done
