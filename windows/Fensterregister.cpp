@@ -10,6 +10,7 @@
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
+#include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmZufall.h"
@@ -56,6 +57,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmPrimModify", modal<frmPrimModify>()},
+        {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmZufall", modal<frmZufall>()},
