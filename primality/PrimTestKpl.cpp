@@ -65,14 +65,6 @@ private:
     int32_t alt_;
 };
 
-template <typename Test>
-bool runden(int32_t anzahl, const Hyp& n, Test test) {
-    for (int32_t r = 0; r < anzahl; ++r) {
-        if (!test(n)) return false;  // every prime passes each round: one failure decides
-    }
-    return true;
-}
-
 // The method's verdict on n; nothing when the run must end (a trial division that cannot be
 // done, after its message). plus gets QuadratSuche's value for method 5.
 std::optional<bool> methodeAnwenden(const KplLaufDaten& d, const Hyp& n, int32_t& plus) {
@@ -90,14 +82,16 @@ std::optional<bool> methodeAnwenden(const KplLaufDaten& d, const Hyp& n, int32_t
         case KplPerrin: return PerrinTest(n);
         case KplMillerRabin: {
             const ZufallsBasis basis;
-            return runden(d.Runden, n, MillerRabin);
+            return RundenTesten(d.Runden, [&n] { return MillerRabin(n); });
         }
-        case KplStrassen: return runden(d.Runden, n, StrassenTest);
+        case KplStrassen: return RundenTesten(d.Runden, [&n] { return StrassenTest(n); });
         case KplPerrinPlus:
             if (!PerrinTest(n)) return false;
             plus = QuadratSuche(n, d.PerrinPlus);
             return true;
-        case KplFermatSuche: return FermatSuche(n);
+        // Fermat's method splits odd numbers only: an n of 2 mod 4 is no difference of squares,
+        // and the walk would call it prime.
+        case KplFermatSuche: return (n[1] & 1) != 0 && FermatSuche(n);
         case KplFermat: return FermatTest(n);
         default: return BpswTest(n);
     }
@@ -177,7 +171,7 @@ KplErgebnis intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
     }
     if (d.Pruefen) {
         TertiaerStart = d.Start;
-        TertiaerLaenge = int32_t(d.Intervall);
+        TertiaerLaenge = int32_t(d.Intervall + 1);  // the window is half open, the run includes its end
         anzeige.SiebWarten(true);
         bool gesiebt = false;
         try {
@@ -322,6 +316,13 @@ std::optional<KplLaufDaten> EingabePruefen(KplEingabe& e) {
     return d;
 }
 
+bool RundenTesten(int32_t runden, const std::function<bool()>& runde) {
+    for (int32_t r = 0; r < runden; ++r) {
+        if (!runde()) return false;  // every prime passes each round: one failure decides
+    }
+    return true;
+}
+
 bool StartAusrichten(Hyp& start, int32_t modus, int32_t& index) {
     index = 0;
     start.mindestens(start.anzahl() + 1);
@@ -386,7 +387,7 @@ SiebUrteil SiebStatus(const Hyp& n) {
     if (const auto klein = kleineZahl(n)) return *klein ? SiebUrteil::Prim : SiebUrteil::Zusammengesetzt;
     Hyp abstand(n.anzahl() + 1);
     if (anSubHypHyp(abstand, n, TertiaerStart) < 0 || abstand.anzahl() > 1 ||
-        uint32_t(abstand[1]) > uint32_t(TertiaerLaenge)) {
+        uint32_t(abstand[1]) >= uint32_t(TertiaerLaenge)) {
         return SiebUrteil::Ausserhalb;
     }
     // Within the primary raster its bit is the exact answer.

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -74,6 +75,9 @@ std::optional<KplLaufDaten> EingabePruefen(KplEingabe& eingabe);
 bool StartAusrichten(Hyp& start, int32_t modus, int32_t& index);
 // The step from the candidate at place index to the next; index moves on.
 int32_t TabellenSchritt(int32_t modus, int32_t& index);
+
+// Up to runden rounds of a test with a random base; the first failure ends them (false).
+bool RundenTesten(int32_t runden, const std::function<bool()>& runde);
 
 // The smallest k in 1..m for which 4nk + (k - 1)^2 is a square, that is n = x (kx + k - 1) for
 // a whole x; m + 1 when there is none.
