@@ -11,7 +11,8 @@ Balken::Balken(const QString& name, QWidget* eltern) : QLabel(eltern) {
     linie_ = Benannt(new QLabel(this), "lblLine" + name);
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
-    setStyleSheet(QStringLiteral("QLabel#%1 { background: palette(base); }").arg(objectName()));
+    // By attribute, not "#name": the style sheet parser takes no umlaut in an id ("Tertiär").
+    setStyleSheet(QStringLiteral("QLabel[objectName=\"%1\"] { background: palette(base); }").arg(objectName()));
     linie_->setStyleSheet(QStringLiteral("background: palette(highlight);"));
     setMinimumHeight(14);
     anpassen();

@@ -153,7 +153,7 @@ void frmPrimTestKpl::StartStop() {
         }
     } ruheWieder{this, ruhe, txtVon_->text()};
     laufend(true);
-    laufen();
+    laufen(ruheWieder.von);
 }
 
 std::optional<KplEingabe> frmPrimTestKpl::felderLesen() {
@@ -192,13 +192,12 @@ std::optional<KplEingabe> frmPrimTestKpl::felderLesen() {
     return e;
 }
 
-void frmPrimTestKpl::laufen() {
+void frmPrimTestKpl::laufen(QString& vonText) {
     std::optional<KplEingabe> eingabe = felderLesen();
     if (!eingabe) return;
-    const QString vorher = txtVon_->text();
     std::optional<KplLaufDaten> daten = EingabePruefen(*eingabe);
-    // The start as the check left it ("2" for an empty field), also after the run.
-    if (q(eingabe->von) != vorher.trimmed()) txtVon_->setText(q(eingabe->von));
+    // The start as the check left it ("2" for an empty field) is what the field shows after the run.
+    if (q(eingabe->von) != vonText.trimmed()) vonText = q(eingabe->von);
     if (!daten) return;
     liste_->clear();
     StoppUhrStart(eingabe->von);

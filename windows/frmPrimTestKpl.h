@@ -29,7 +29,8 @@ public:
 private:
     // The fields read for a run; nothing after a field's message.
     std::optional<KplEingabe> felderLesen();
-    void laufen();
+    // vonText: what txtVon shows once the run is over.
+    void laufen(QString& vonText);
     void laufend(bool ja);
 
     void Zeile(const std::string& text) override;
