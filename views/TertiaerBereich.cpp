@@ -60,44 +60,37 @@ std::string ZiffernPlus(const std::string& ziffern, uint64_t d) {
     return s;
 }
 
+// The sieve's window holds breite + 1 numbers: the distances 0 to breite, both shown.
 bool TertiaerBereich::Sieben(const Hyp& start, int32_t breite, TertiaerFenster* ziel) {
     TertiaerStart = start;
-    TertiaerLaenge = breite;
+    TertiaerLaenge = breite + 1;
     if (!TertiaerSieben(ziel) || Abbruch) return false;
-    const int32_t versatz = aMODHyp120(start);
-    const size_t worte = size_t((int64_t(versatz) + breite) / RasterSpanne + 1);
-    if (SekundaerRaster.size() < worte) return false;
-    gesiebt_.assign(SekundaerRaster.begin(), SekundaerRaster.begin() + std::ptrdiff_t(worte));
+    gesiebt_ = SekundaerRaster;
     getestet_.clear();
     start_ = start;
     startZiffern_ = Hyp2Text(start);
     breite_ = breite;
-    versatz_ = versatz;
-    sekundaerEnde_ = SekundaerEnde;
+    versatz_ = TertiaerVersatz;
     return true;
 }
 
-void TertiaerBereich::einsetzen() const {
-    TertiaerStart = start_;
-    TertiaerLaenge = breite_;
-    TertiaerVersatz = versatz_;
-    TertiaerRest = (versatz_ + breite_) % RasterSpanne;
-    TertiaerLetztesWort = (versatz_ + breite_) / RasterSpanne;
-    TertiaerOben = (TertiaerLetztesWort + 1) * RasterSpanne;
-    TertiaerBasis = start_;
-    aSubHyp32(TertiaerBasis, versatz_);
-    SekundaerRaster = gesiebt_;
-    SekundaerStart = Decimal(0);
-    SekundaerEnde = sekundaerEnde_;
+bool TertiaerBereich::steht() const {
+    return SekundaerStart.IstNull() && TertiaerLaenge == breite_ + 1 && aEqualHypHyp(TertiaerStart, start_) != 0 &&
+           SekundaerRaster == gesiebt_;
 }
 
 bool TertiaerBereich::Testen(TertiaerFenster* ziel) {
     if (!Bereit()) return false;
-    // Another window may have sieved since: the test runs on this range's raster.
-    einsetzen();
+    // Another window may have sieved since: this range is sieved again (to the same raster)
+    // before the test, which works on the shared raster.
+    if (!steht()) {
+        TertiaerStart = start_;
+        TertiaerLaenge = breite_ + 1;
+        if (!TertiaerSieben(ziel) || Abbruch) return false;
+    }
     TertiaerTesten(TertiaerBpsw, ziel);
-    if (Abbruch || SekundaerRaster.size() < gesiebt_.size()) return false;
-    getestet_.assign(SekundaerRaster.begin(), SekundaerRaster.begin() + std::ptrdiff_t(gesiebt_.size()));
+    if (Abbruch || SekundaerRaster.size() != gesiebt_.size()) return false;
+    getestet_ = SekundaerRaster;
     return true;
 }
 

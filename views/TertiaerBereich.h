@@ -13,7 +13,6 @@
 #include <string>
 #include <vector>
 
-#include "frame/Decimal.h"
 #include "sieve/RasterTabellen.h"
 #include "zahlkern/Hyp.h"
 
@@ -74,14 +73,13 @@ private:
         const uint32_t maske = RestMaske[pos % RasterSpanne];
         return maske != 0 && (raster[size_t(pos / RasterSpanne)] & maske) == 0;
     }
-    // Puts this range back into the shared raster and the sieve's state, for the test.
-    void einsetzen() const;
+    // Whether the shared raster still is this range's, as the sieve left it.
+    bool steht() const;
 
     Hyp start_;
     std::string startZiffern_;
     int32_t breite_ = 0;
     int32_t versatz_ = 0;              // start mod 120
-    Decimal sekundaerEnde_;            // what the sieve left in SekundaerEnde
     std::vector<uint32_t> gesiebt_;    // the raster after the sieve
     std::vector<uint32_t> getestet_;   // after the test; empty while untested
 };
