@@ -186,7 +186,8 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
     lauf->setContentsMargins(0, 0, 0, 0);
     btnStopTertiaer_ = Benannt(new QPushButton("Stop", fraTertiaerLauf_), "btnStopTertiär");
     lauf->addWidget(btnStopTertiaer_);
-    balkenTertiaer_ = new Balken("Tertiär", fraTertiaerLauf_);
+    // An ASCII name: the bar's style sheet selects it by its object name.
+    balkenTertiaer_ = new Balken("Tertiaer", fraTertiaerLauf_);
     lauf->addWidget(balkenTertiaer_, 1);
     lblCountStreich_ = Benannt(new QLabel(fraTertiaerLauf_), "lblCountStreich");
     lauf->addWidget(lblCountStreich_);
@@ -201,11 +202,6 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
     for (int i = 0; i < 2; ++i) {
         optAuswahl_[i] = Benannt(new QRadioButton(i == 0 ? "alle Kandidaten" : "nur wahrscheinliche Primzahlen", fraTertiaer_), "optAuswahl", i);
         zusatz->addWidget(optAuswahl_[i]);
-        connect(optAuswahl_[i], &QRadioButton::toggled, this, [this, i](bool an) {
-            if (!an) return;
-            logik_.AuswahlSetzen(i);
-            flaeche_->update();
-        });
     }
     optAuswahl_[0]->setChecked(true);
     zusatz->addStretch(1);
@@ -225,6 +221,13 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
                 dialog->setAttribute(Qt::WA_DeleteOnClose);
                 dialog->show();
             }));
+    for (int i = 0; i < 2; ++i) {
+        connect(optAuswahl_[i], &QRadioButton::toggled, this, [this, i](bool an) {
+            if (!an) return;
+            logik_.AuswahlSetzen(i);
+            flaeche_->update();
+        });
+    }
     connect(btnStopTertiaer_, &QPushButton::clicked, this, [] { Abbruch = true; });
     connect(btnZusatz_, &QPushButton::clicked, this, Sicher([this] { Testen(); }));
     connect(btnExport_, &QPushButton::clicked, this, Sicher([this] { Exportieren(); }));
