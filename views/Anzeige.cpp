@@ -1,11 +1,14 @@
 #include "views/Anzeige.h"
 
 #include <cmath>
+#include <fstream>
 #include <sstream>
 
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/StoppUhr.h"
+#include "arith/HypText.h"
+#include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
@@ -51,26 +54,37 @@ Decimal AnzeigeLogik::ZeilenZahlen() const {
 
 Decimal AnzeigeLogik::SeitenZahlen() const { return ZeilenZahlen() * Decimal(zeilen_); }
 
-Decimal AnzeigeLogik::seitenBasis() const { return Modus == 0 ? Aktuell : Aktuell / Dreissig * Dreissig; }
+// Outside mode 0 a page starts at the cell of a multiple of 30. In mode 6 the cells are
+// distances from a start that is no such multiple: the page starts at the distance whose
+// number is one, so that the columns keep their residues there too.
+Decimal AnzeigeLogik::seitenBasis() const {
+    if (Modus == 0) return Aktuell;
+    const Decimal v(verschiebung());
+    return (Aktuell + v) / Dreissig * Dreissig - v;
+}
 
 Decimal AnzeigeLogik::zelleZahl(const Decimal& basis, int32_t index) const {
     if (Modus == 0) return basis + Decimal(index);
     return basis + Decimal(int64_t(index / 8) * 30 + KandidatRest[index % 8]);
 }
 
-Decimal AnzeigeLogik::ZelleZahl(int32_t zeile, int32_t spalte) const {
-    if (!BereichBereit || zeile < 0 || spalte < 0 || zeile >= zeilen_ || spalte >= spalten_) return Decimal(0);
+std::optional<Decimal> AnzeigeLogik::ZelleZahl(int32_t zeile, int32_t spalte) const {
+    if (!BereichBereit || zeile < 0 || spalte < 0 || zeile >= zeilen_ || spalte >= spalten_) return std::nullopt;
     const Decimal n = zelleZahl(seitenBasis(), zeile * spalten_ + spalte);
-    if (n < Anfang || n > Ende) return Decimal(0);
+    if (n < Anfang || n > Ende) return std::nullopt;
     return n;
 }
 
-bool AnzeigeLogik::RasterDa() const { return (ZufallModus != 0 && Modus != 5) || PrimaerRasterVorhanden(); }
+// The large range sieves with the primes of the raster, and never draws by chance.
+bool AnzeigeLogik::RasterDa() const {
+    return (ZufallModus != 0 && Modus != 5 && Modus != 6) || PrimaerRasterVorhanden();
+}
 
 bool AnzeigeLogik::BereichHolen(const std::string& anfangText, const std::string& laengeText) {
     if (!RasterDa()) return false;
     StoppUhrStart("Anzeige " + BasisBeschriftung());
     fenster_.NavigationSchalten(false);
+    if (Modus == 6) return holenTertiaer(anfangText, laengeText);
     Decimal anfang, laenge;
     try {
         anfang = TextZuDecimal(anfangText);
@@ -162,8 +176,83 @@ bool AnzeigeLogik::holen() {
     return true;
 }
 
+bool AnzeigeLogik::holenTertiaer(const std::string& startText, const std::string& breiteText) {
+    Hyp start;
+    if (!TertiaerStartLesen(startText, start)) return false;
+    Decimal breite;
+    try {
+        breite = TextZuDecimal(breiteText);
+    } catch (const Laufzeitfehler&) {
+        breite = Decimal(0);
+    }
+    if (breite < Decimal(1) || breite > Decimal(TertiaerBreiteMax)) {
+        MsgInfoP1(1362, ZahlFormat(static_cast<long long>(TertiaerBreiteMax)));
+        return false;
+    }
+    // The range before stays shown while the sieve runs, and stays if it is stopped.
+    fenster_.TertiaerLaeuft(true, Text(510));
+    Abbruch = false;
+    const bool ok = tertiaer_.Sieben(start, int32_t(breite.AlsInt64()), AnzeigeStumm ? nullptr : fenster_.TertiaerZiel());
+    fenster_.TertiaerLaeuft(false, "");
+    if (!ok) {
+        if (BereichBereit) anzahlTertiaer();
+        return false;
+    }
+    seiteGueltig_ = false;
+    Anfang = Decimal(0);
+    Laenge = breite;
+    Ende = breite;
+    Aktuell = Decimal(0);
+    anzahlTertiaer();
+    fenster_.TertiaerBereitZeigen(false);
+    BereichBereit = true;
+    fenster_.Zeichnen();
+    fenster_.NavigationSchalten(true);
+    StoppUhrStop();
+    return true;
+}
+
+void AnzeigeLogik::anzahlTertiaer() {
+    const bool getestet = tertiaer_.Getestet();
+    Anzahl = tertiaer_.Anzahl(getestet);
+    fenster_.AnzahlZeigen(TextP1(getestet ? 1364 : 1363, ZahlFormat(static_cast<long long>(Anzahl))));
+}
+
+bool AnzeigeLogik::Testen() {
+    if (Modus != 6 || !BereichBereit) return false;
+    fenster_.TertiaerLaeuft(true, Text(1365));
+    Abbruch = false;
+    const bool ok = tertiaer_.Testen(fenster_.TertiaerZiel());
+    fenster_.TertiaerLaeuft(false, "");
+    anzahlTertiaer();
+    if (ok) fenster_.TertiaerBereitZeigen(true);
+    seiteGueltig_ = false;
+    fenster_.Zeichnen();
+    return ok;
+}
+
+void AnzeigeLogik::ListeSchreiben(const std::function<void(const std::string&)>& zeile) const {
+    if (Modus != 6 || !BereichBereit) return;
+    const bool prim = nurPrim();
+    zeile(TextP1P2(prim ? 1367 : 1366, tertiaer_.StartZiffern(), ZahlFormat(static_cast<long long>(tertiaer_.Breite()))));
+    for (int32_t p : tertiaer_.Klein()) zeile(std::to_string(p));
+    tertiaer_.Durchlaufen(0, tertiaer_.Breite(), prim, [&](int64_t d) { return zeile(tertiaer_.Ziffern(d)), true; });
+}
+
+bool AnzeigeLogik::Exportieren(const std::string& pfad) const {
+    std::ofstream aus(pfad, std::ios::binary | std::ios::trunc);
+    if (aus) ListeSchreiben([&](const std::string& z) { aus << z << '\n'; });
+    aus.flush();
+    if (!aus) {
+        MsgInfoP1(1368, pfad);
+        return false;
+    }
+    return true;
+}
+
 bool AnzeigeLogik::eigenerBereichSteht() {
-    if (ImPrimaerbereich || (ZufallModus != 0 && Modus != 5)) return true;
+    // Mode 6 pages through its own copy of the raster.
+    if (Modus == 6 || ImPrimaerbereich || (ZufallModus != 0 && Modus != 5)) return true;
     if (!SekundaerRaster.empty() && SekundaerStart == meinStart_ && SekundaerEnde == meinEnde_) return true;
     // Another window sieved in between: the range is fetched again, silently.
     AnzeigeStumm = 1;
@@ -177,6 +266,7 @@ bool AnzeigeLogik::eigenerBereichSteht() {
 }
 
 bool AnzeigeLogik::istPrim(const Decimal& n) {
+    if (Modus == 6) return tertiaer_.Prim(n.AlsInt64());
     if (n < Decimal(2)) return false;
     if (ImPrimaerbereich) return IstPrim(n);
     if (ZufallModus != 0 && Modus != 5) {
@@ -197,7 +287,8 @@ void AnzeigeLogik::Blaettern(int32_t befehl) {
         }
         // Outside mode 0 a page starts at the multiple of 30 at or below Aktuell; rounded
         // up to one, the last page still reaches Ende.
-        const Decimal rest = n % Dreissig;
+        const Decimal v(verschiebung());
+        const Decimal rest = (n + v) % Dreissig;
         if (Modus != 0 && !rest.IstNull()) n = n + Dreissig - rest;
         Aktuell = n;
     };
@@ -233,6 +324,7 @@ AnzeigeSeite AnzeigeLogik::Seite() {
     const int32_t zellen = spalten_ * zeilen_;
     seite.zellen.reserve(size_t(zellen));
     Decimal vorige, erste;
+    bool hatVorige = false;  // in mode 6 the distance 0 is a number like any other
     int32_t imBereich = 0;
     for (int32_t i = 0; i < zellen; ++i) {
         AnzeigeZelle z;
@@ -241,23 +333,32 @@ AnzeigeSeite AnzeigeLogik::Seite() {
         if (z.imBereich) {
             if (imBereich++ == 0) erste = z.zahl;
             z.prim = istPrim(z.zahl);
+            if (Modus == 6 && !z.prim && Auswahl == 0) z.verworfen = tertiaer_.Kandidat(z.zahl.AlsInt64());
         }
         if (z.prim) {
             ++seite.primzahlen;
-            if (!vorige.IstNull()) {
+            if (hatVorige) {
                 z.luecke = int32_t((z.zahl - vorige).AlsInt64());
                 if (z.luecke > seite.groessteLuecke) seite.groessteLuecke = z.luecke;
             }
             vorige = z.zahl;
+            hatVorige = true;
         }
         seite.zellen.push_back(z);
     }
-    seite.kopf = "Diese Seite startet mit: " + ZahlFormat(imBereich ? erste : basis);
+    const Decimal kopfZahl = imBereich ? erste : (basis < Anfang ? Anfang : basis);
+    if (Modus == 6) {
+        // The start's digits were made once; the page adds its distance to them.
+        seite.kandidaten = !tertiaer_.Getestet();
+        seite.kopf = "Diese Seite startet mit: " + ZiffernAnzeige(tertiaer_.Ziffern(kopfZahl.AlsInt64())) + "   " +
+                     Text(seite.kandidaten ? 1369 : (Auswahl == 0 ? 1371 : 1370));
+    } else {
+        seite.kopf = "Diese Seite startet mit: " + ZahlFormat(kopfZahl);
+    }
     // Without a cell of their own the primes 2, 3 and 5 head the page that starts at 0.
-    if (Modus != 0 && basis.IstNull()) {
+    if (Modus != 0 && (basis + Decimal(verschiebung())).IstNull()) {
         std::string klein;
-        for (int32_t p : {2, 3, 5}) {
-            if (Decimal(p) < Anfang || Decimal(p) > Ende) continue;
+        for (int32_t p : kleinInBereich()) {
             seite.vorweg.push_back(p);
             klein += (klein.empty() ? "" : ", ") + std::to_string(p);
         }
@@ -278,6 +379,15 @@ AnzeigeSeite AnzeigeLogik::Seite() {
     seiteAktuell_ = Aktuell;
     seiteGueltig_ = true;
     return seite;
+}
+
+std::vector<int32_t> AnzeigeLogik::kleinInBereich() const {
+    if (Modus == 6) return tertiaer_.Klein();
+    std::vector<int32_t> klein;
+    for (int32_t p : {2, 3, 5}) {
+        if (Decimal(p) >= Anfang && Decimal(p) <= Ende) klein.push_back(p);
+    }
+    return klein;
 }
 
 bool AnzeigeLogik::musterBauen(int16_t art) {
@@ -322,7 +432,7 @@ bool AnzeigeLogik::musterBauen(int16_t art) {
 
 // vorige: for the gap search the last prime walked so far, carried from one range to the
 // next, so that a gap longer than the overlap of two ranges is seen across their seam.
-bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige) {
+bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab, std::optional<Decimal>& vorige) {
     if (ab > Ende) return false;
     const Decimal letzter = art == SucheLueckeArt || SucheMuster.empty() ? Decimal(0) : Decimal(SucheMuster.back());
     bool treffer = false, ende = false;
@@ -333,9 +443,9 @@ bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige
             if (SucheAbbruch) return ende = true, false;
         }
         if (art == SucheLueckeArt) {
-            if (c <= vorige) return true;  // walked already in the range before
-            if (!vorige.IstNull() && (c - vorige).Double() >= SucheLuecke) {
-                Aktuell = vorige;
+            if (vorige && c <= *vorige) return true;  // walked already in the range before
+            if (vorige && (c - *vorige).Double() >= SucheLuecke) {
+                Aktuell = *vorige;
                 return treffer = true, false;
             }
             vorige = c;
@@ -348,7 +458,10 @@ bool AnzeigeLogik::imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige
         Aktuell = c;
         return treffer = true, false;
     };
-    if (ImPrimaerbereich) {
+    if (Modus == 6) {
+        // Within the window only, in distances from its start: the hit's distance is Aktuell.
+        tertiaer_.Durchlaufen(ab.AlsInt64(), Ende.AlsInt64(), true, [&](int64_t d) { return pruefen(Decimal(d)); });
+    } else if (ImPrimaerbereich) {
         PrimzahlenDurchlaufen(uint64_t(ab.AlsInt64()), uint64_t(Ende.AlsInt64()), [&](uint64_t p) { return pruefen(Decimal(p)); });
     } else {
         if (!eigenerBereichSteht()) return false;
@@ -380,7 +493,7 @@ bool AnzeigeLogik::Suchen(int16_t art) {
         return false;
     }
     StummWaechter waechter;
-    Decimal vorige;
+    std::optional<Decimal> vorige;
     for (;;) {
         if (imRangeSuchen(art, Aktuell + Decimal(1), vorige)) {
             if (Aktuell < Anfang) {

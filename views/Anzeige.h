@@ -1,18 +1,23 @@
 // Anzeige: the logic of the prime display frmAnzeige, free of any toolkit. It fetches a range
-// (primary raster, secondary window, or the window of mode 5), pages through it in numbers,
+// (primary raster, secondary window, the window of mode 5, or in mode 6 a window above a start
+// of any size, whose cells are distances from that start), pages through it in numbers,
 // turns the cells of a page into numbers, and searches patterns of primes, moving on into
 // overlapping secondary ranges when asked. The window paints what Seite() describes.
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "frame/Decimal.h"
+#include "views/TertiaerBereich.h"
 
 namespace sw {
 
 class SekundaerFortschrittZiel;
+class TertiaerFenster;
 
 // What the logic needs of its window. The desktop window implements it on its controls.
 class AnzeigeFenster {
@@ -24,6 +29,11 @@ public:
     virtual SekundaerFortschrittZiel* Fortschritt() = 0;       // the progress labels, or null
     virtual void AnfangSchreiben(const std::string& text) = 0; // the first input field
     virtual void Zeichnen() = 0;                               // paint the page anew
+    // Mode 6: the stop button and the bar of the sieve and the test while they run (text in
+    // lblCount), and the controls for a range that stands (test, choice, export).
+    virtual TertiaerFenster* TertiaerZiel() { return nullptr; }
+    virtual void TertiaerLaeuft(bool /*laeuft*/, const std::string& /*text*/) {}
+    virtual void TertiaerBereitZeigen(bool /*getestet*/) {}
 };
 
 // The search kinds of frmSuchen.
@@ -33,7 +43,8 @@ enum SuchArt : int16_t { SucheZwillinge = 0, SucheDrillinge = 1, SucheVierlinge 
 struct AnzeigeZelle {
     Decimal zahl;
     bool imBereich = false;  // within Anfang .. Ende
-    bool prim = false;
+    bool prim = false;       // in mode 6: a candidate of the sieve, or after the test a probable prime
+    bool verworfen = false;  // mode 6: a candidate the test found composite (shown when chosen)
     int32_t luecke = 0;      // for a prime: the gap to the prime before it on the page, 0 for the first
 };
 
@@ -42,6 +53,7 @@ struct AnzeigeSeite {
     std::vector<int32_t> vorweg;       // 2, 3, 5 where they are in the range but have no cell (mode 1)
     int32_t primzahlen = 0;            // primes on the page
     int32_t groessteLuecke = 0;
+    bool kandidaten = false;           // mode 6: the marks are untested candidates of the sieve
     std::string kopf;                  // "Diese Seite startet mit: ..." (and the random raster's figures)
 };
 
@@ -53,8 +65,16 @@ public:
     explicit AnzeigeLogik(AnzeigeFenster& fenster) : fenster_(fenster) {}
 
     // Modes 0 and 1 show the raster (1: only the numbers coprime to 30), 5 the window of
-    // SekundaerQuadrato (as mode 1).
+    // SekundaerQuadrato (as mode 1), 6 the large range (as mode 1, in distances from its start:
+    // Anfang 0, Ende the width).
     int32_t Modus = 0;
+    // Mode 6: what the list and export hold, and whether the page shows the candidates the test
+    // struck: 0 every candidate of the sieve, 1 only the probable primes (once tested).
+    int32_t Auswahl = 0;
+    void AuswahlSetzen(int32_t auswahl) {
+        Auswahl = auswahl;
+        seiteGueltig_ = false;
+    }
     Decimal Anfang, Laenge, Ende, Aktuell;
     int64_t Anzahl = 0;
     bool ImPrimaerbereich = false;
@@ -76,7 +96,8 @@ public:
     Decimal SeitenZahlen() const;   // numbers per page
 
     // btnGO: reads the two input texts and fetches the range; false (after its box) if refused,
-    // also before the first run (PrimaerRasterVorhanden), except for the random raster.
+    // also before the first run (PrimaerRasterVorhanden), except for the random raster. In
+    // mode 6 the texts are the start (a number or a formula) and the width.
     bool BereichHolen(const std::string& anfangText, const std::string& laengeText);
     // True when this mode has the raster it shows; else says that the raster is missing. Only
     // the random raster shows something without the primary raster.
@@ -85,8 +106,16 @@ public:
     void Blaettern(int32_t befehl);
     // The page at Aktuell.
     AnzeigeSeite Seite();
-    // The number of the cell, or 0 if the cell lies outside Anfang .. Ende (no detail window).
-    Decimal ZelleZahl(int32_t zeile, int32_t spalte) const;
+    // The number of the cell (in mode 6 its distance from the start), or nothing if the cell
+    // lies outside Anfang .. Ende (no detail window).
+    std::optional<Decimal> ZelleZahl(int32_t zeile, int32_t spalte) const;
+    // Mode 6: BPSW over the candidates (btnZusatz); false if stopped or no range stands.
+    bool Testen();
+    // Mode 6: the list of the choice, line by line: a head line naming start, width and state,
+    // then the numbers in full. Exportieren writes it to a file; false after its box.
+    void ListeSchreiben(const std::function<void(const std::string&)>& zeile) const;
+    bool Exportieren(const std::string& pfad) const;
+    const TertiaerBereich& Tertiaer() const { return tertiaer_; }
     // Looks for the pattern behind Aktuell and brings a hit to the top of the page. A pattern
     // at least as wide as the range is refused (text 1000); a search that reaches the end
     // without a hit says so (text 1001), one that was cancelled does not.
@@ -94,9 +123,14 @@ public:
 
 private:
     bool holen();
+    bool holenTertiaer(const std::string& startText, const std::string& breiteText);
+    void anzahlTertiaer();
+    bool nurPrim() const { return Auswahl == 1 && tertiaer_.Getestet(); }
+    int32_t verschiebung() const { return Modus == 6 ? tertiaer_.Rest30() : 0; }
+    std::vector<int32_t> kleinInBereich() const;
     bool musterBauen(int16_t art);
     bool istPrim(const Decimal& n);
-    bool imRangeSuchen(int16_t art, const Decimal& ab, Decimal& vorige);
+    bool imRangeSuchen(int16_t art, const Decimal& ab, std::optional<Decimal>& vorige);
     bool eigenerBereichSteht();
     Decimal seitenBasis() const;
     Decimal zelleZahl(const Decimal& basis, int32_t index) const;
@@ -109,6 +143,7 @@ private:
     Decimal seiteAktuell_;
     bool seiteGueltig_ = false;
     Decimal meinStart_, meinEnde_;  // the secondary window this display sieved
+    TertiaerBereich tertiaer_;       // the range of mode 6
 };
 
 }  // namespace sw

@@ -91,6 +91,9 @@ protected:
         Fenster& f_;
     };
 
+    // The save dialog in ProgrammPfad; a chosen name without any dot gets endung.
+    std::optional<QString> speicherZiel(const QString& filter, const QString& endung);
+
     QString mHelp;
 
 private:
@@ -98,8 +101,6 @@ private:
     void steuerwerteSpeichern();
     void lageLaden();
     void lageSpeichern();
-    // The save dialog in ProgrammPfad; a chosen name without any dot gets endung.
-    std::optional<QString> speicherZiel(const QString& filter, const QString& endung);
     void listeSpeichern();
     void bildSpeichern();
     void drucken();

@@ -1,6 +1,7 @@
 #include "windows/frmAnzeige.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -9,9 +10,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "arith/HypText.h"
+#include "frame/Laufzeitfehler.h"
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/StoppUhr.h"
@@ -86,7 +90,12 @@ void AnzeigeFlaeche::paintEvent(QPaintEvent*) {
             if (!z.imBereich) continue;
             const int x = int(i % size_t(spalten)) * breite, y = (int(i / size_t(spalten)) + 1) * hoehe + hoehe / 2;
             const QRect zelle(x + 1, y + 1, breite - 2, hoehe - 2);
-            if (z.prim) {
+            if (z.prim && seite.kandidaten) {
+                // Survivors of the sieve that no test has seen yet: marked, but not bold.
+                maler.fillRect(zelle, QColor(255, 246, 214));
+                maler.setFont(normal);
+                maler.setPen(Qt::black);
+            } else if (z.prim) {
                 maler.fillRect(zelle, QColor(255, 236, 170));
                 maler.setFont(fett);
                 maler.setPen(Qt::black);
@@ -94,6 +103,11 @@ void AnzeigeFlaeche::paintEvent(QPaintEvent*) {
                 if (z.luecke > 0 && z.luecke == seite.groessteLuecke) {
                     maler.fillRect(QRect(x + 1, y + 1, 3, hoehe - 2), Qt::red);
                 }
+            } else if (z.verworfen) {
+                QFont gestrichen = normal;
+                gestrichen.setStrikeOut(true);
+                maler.setFont(gestrichen);
+                maler.setPen(Qt::darkGray);
             } else {
                 maler.setFont(normal);
                 maler.setPen(Qt::gray);
@@ -108,8 +122,8 @@ void AnzeigeFlaeche::mousePressEvent(QMouseEvent* e) {
     const int hoehe = zeilenHoehe();
     const int y = int(e->position().y()) - hoehe - hoehe / 2;
     if (y < 0) return;
-    const Decimal n = logik_.ZelleZahl(y / hoehe, int(e->position().x()) / std::max(1, zellenBreite()));
-    if (!n.IstNull()) Behandeln([&] { fenster_.ZahlZeigen(n); });
+    const std::optional<Decimal> n = logik_.ZelleZahl(y / hoehe, int(e->position().x()) / std::max(1, zellenBreite()));
+    if (n) Behandeln([&] { fenster_.ZahlZeigen(*n); });
 }
 
 // ---- the window ------------------------------------------------------------------------------
@@ -127,6 +141,14 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
     eingabe->addWidget(lblLaenge_);
     txtLaenge_ = Benannt(new QLineEdit("100.000", mitte), "txtEingabe", 1);
     eingabe->addWidget(txtLaenge_, 1);
+    lblZahl_ = Benannt(new QLabel("Startwert:", mitte), "lblZahl");
+    eingabe->addWidget(lblZahl_);
+    txtZahl_ = Benannt(new QLineEdit("10^30", mitte), "txtZahl");
+    eingabe->addWidget(txtZahl_, 2);
+    lblIntervall_ = Benannt(new QLabel("Breite:", mitte), "lblIntervall");
+    eingabe->addWidget(lblIntervall_);
+    txtIntervall_ = Benannt(new QLineEdit("10.000", mitte), "txtIntervall");
+    eingabe->addWidget(txtIntervall_, 1);
     auto* go = Benannt(new QPushButton("Anzeigen", mitte), "btnGO");
     go->setDefault(true);
     eingabe->addWidget(go);
@@ -137,7 +159,8 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
     fraCount_ = Benannt(new QFrame(mitte), "fraCount");
     auto* zaehler = new QHBoxLayout(fraCount_);
     zaehler->setContentsMargins(0, 0, 0, 0);
-    zaehler->addWidget(Benannt(new QLabel("Primzahlen im Bereich:", fraCount_), "lblCountText"));
+    lblCountText_ = Benannt(new QLabel("Primzahlen im Bereich:", fraCount_), "lblCountText");
+    zaehler->addWidget(lblCountText_);
     lblCount_ = Benannt(new QLabel(fraCount_), "lblCount");
     zaehler->addWidget(lblCount_, 1);
     lay->addWidget(fraCount_);
@@ -157,6 +180,36 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
     lay->addWidget(fraFortschritt_);
     fraFortschritt_->hide();
 
+    // Mode 6: the stop button and the bar while the sieve or the test runs ...
+    fraTertiaerLauf_ = Benannt(new QFrame(mitte), "fraTertiaerLauf");
+    auto* lauf = new QHBoxLayout(fraTertiaerLauf_);
+    lauf->setContentsMargins(0, 0, 0, 0);
+    btnStopTertiaer_ = Benannt(new QPushButton("Stop", fraTertiaerLauf_), "btnStopTertiär");
+    lauf->addWidget(btnStopTertiaer_);
+    // An ASCII name: the bar's style sheet selects it by its object name.
+    balkenTertiaer_ = new Balken("Tertiaer", fraTertiaerLauf_);
+    lauf->addWidget(balkenTertiaer_, 1);
+    lblCountStreich_ = Benannt(new QLabel(fraTertiaerLauf_), "lblCountStreich");
+    lauf->addWidget(lblCountStreich_);
+    lay->addWidget(fraTertiaerLauf_);
+    fraTertiaerLauf_->hide();
+    // ... and what a range that stands offers.
+    fraTertiaer_ = Benannt(new QFrame(mitte), "fraTertiaer");
+    auto* zusatz = new QHBoxLayout(fraTertiaer_);
+    zusatz->setContentsMargins(0, 0, 0, 0);
+    btnZusatz_ = Benannt(new QPushButton("BPSW-Test", fraTertiaer_), "btnZusatz");
+    zusatz->addWidget(btnZusatz_);
+    for (int i = 0; i < 2; ++i) {
+        optAuswahl_[i] = Benannt(new QRadioButton(i == 0 ? "alle Kandidaten" : "nur wahrscheinliche Primzahlen", fraTertiaer_), "optAuswahl", i);
+        zusatz->addWidget(optAuswahl_[i]);
+    }
+    optAuswahl_[0]->setChecked(true);
+    zusatz->addStretch(1);
+    btnExport_ = Benannt(new QPushButton("Exportieren...", fraTertiaer_), "btnExport");
+    zusatz->addWidget(btnExport_);
+    lay->addWidget(fraTertiaer_);
+    fraTertiaer_->hide();
+
     flaeche_ = Benannt(new AnzeigeFlaeche(logik_, *this, mitte), "picAnzeige");
     lay->addWidget(SchriftAuswahlAnlegen(flaeche_));
     lay->addWidget(flaeche_, 1);
@@ -168,6 +221,16 @@ frmAnzeige::frmAnzeige(QWidget* eltern) : Fenster("frmAnzeige", eltern) {
                 dialog->setAttribute(Qt::WA_DeleteOnClose);
                 dialog->show();
             }));
+    for (int i = 0; i < 2; ++i) {
+        connect(optAuswahl_[i], &QRadioButton::toggled, this, [this, i](bool an) {
+            if (!an) return;
+            logik_.AuswahlSetzen(i);
+            flaeche_->update();
+        });
+    }
+    connect(btnStopTertiaer_, &QPushButton::clicked, this, [] { Abbruch = true; });
+    connect(btnZusatz_, &QPushButton::clicked, this, Sicher([this] { Testen(); }));
+    connect(btnExport_, &QPushButton::clicked, this, Sicher([this] { Exportieren(); }));
     resize(900, 600);  // the designed size; a stored one replaces it when the window is prepared
 }
 
@@ -180,9 +243,19 @@ void frmAnzeige::ShowMe(int modus) {
     logik_.Modus = modus < 0 ? 0 : modus;
     // Prepared only now: each mode keeps the values of its own fields.
     FensterLaden(QString::fromStdString(AktivesFenster), "NF");
+    modusZeigen();
     NavigationSchalten(false);
     flaeche_->GeometrieAnpassen();
     show();
+}
+
+// Mode 6 has a start and a width instead of Anfang and Länge, and counts in its interval.
+void frmAnzeige::modusZeigen() {
+    const bool gross = logik_.Modus == 6;
+    for (QWidget* w : std::initializer_list<QWidget*>{lblAnfang_, txtAnfang_, lblLaenge_, txtLaenge_}) w->setVisible(!gross);
+    for (QWidget* w : std::initializer_list<QWidget*>{lblZahl_, txtZahl_, lblIntervall_, txtIntervall_}) w->setVisible(gross);
+    if (gross) lblCountText_->setText(q(Text(511)));
+    fraTertiaer_->setVisible(gross && logik_.BereichBereit);
 }
 
 QString frmAnzeige::WerteSektion() const {
@@ -199,22 +272,32 @@ QString feldName(const QLabel* l) { return l->text().remove('&').remove(':').tri
 }  // namespace
 
 void frmAnzeige::BereichHolen() {
-    if (logik_.Modus == 6) {
-        MsgInfo(1111);
-        return;
-    }
+    if (Laeuft()) return;  // a click that arrives through the yield of a running sieve
     // Asked before the fields, so that a missing raster is named first.
     if (!logik_.RasterDa()) return;
-    const Decimal groesste = Decimal::ausBreit(Decimal::Maximum);
-    // The window of the square sieve starts at 10,000 at the least.
-    const Decimal kleinster = logik_.Modus == 5 ? Decimal(10000) : Decimal(0);
-    const std::optional<Decimal> anfang = ZahlEingabe(txtAnfang_, feldName(lblAnfang_), kleinster, groesste);
-    if (!anfang) return;
-    const std::optional<Decimal> laenge = ZahlEingabe(txtLaenge_, feldName(lblLaenge_), Decimal(1), groesste - *anfang);
-    if (!laenge) return;
+    std::string anfangText, laengeText;
+    if (logik_.Modus == 6) {
+        // The start may be a formula of any size: the logic evaluates it.
+        const std::optional<Decimal> breite =
+            ZahlEingabe(txtIntervall_, feldName(lblIntervall_), Decimal(1), Decimal(TertiaerBreiteMax));
+        if (!breite) return;
+        anfangText = txtZahl_->text().toStdString();
+        laengeText = breite->Text();
+    } else {
+        const Decimal groesste = Decimal::ausBreit(Decimal::Maximum);
+        // The window of the square sieve starts at 10,000 at the least.
+        const Decimal kleinster = logik_.Modus == 5 ? Decimal(10000) : Decimal(0);
+        const std::optional<Decimal> anfang = ZahlEingabe(txtAnfang_, feldName(lblAnfang_), kleinster, groesste);
+        if (!anfang) return;
+        const std::optional<Decimal> laenge = ZahlEingabe(txtLaenge_, feldName(lblLaenge_), Decimal(1), groesste - *anfang);
+        if (!laenge) return;
+        anfangText = anfang->Text();
+        laengeText = laenge->Text();
+    }
+    const Lauf lauf(*this);
     setWindowTitle(SektionsText("Caption") + " " + q(BasisBeschriftung()));
     flaeche_->GeometrieAnpassen();
-    if (!logik_.BereichHolen(anfang->Text(), laenge->Text())) {
+    if (!logik_.BereichHolen(anfangText, laengeText)) {
         // A refused range leaves the one before it standing, and its paging with it.
         NavigationSchalten(logik_.BereichBereit);
         if (StoppUhr.laeuft) StoppUhrStop();
@@ -225,6 +308,11 @@ void frmAnzeige::BereichHolen() {
 
 std::optional<QStringList> frmAnzeige::ListenText() {
     if (!logik_.BereichBereit) return std::nullopt;
+    if (logik_.Modus == 6) {
+        QStringList zeilen;
+        logik_.ListeSchreiben([&](const std::string& z) { zeilen << q(z); });
+        return zeilen;
+    }
     // Page by page from the first number: the logic knows which cells are prime, whichever
     // raster the range comes from. The page shown stays where it was.
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -260,6 +348,33 @@ QImage frmAnzeige::BildAbbild() {
 }
 
 void frmAnzeige::ZahlZeigen(const Decimal& n) {
+    if (logik_.Modus == 6) {
+        const TertiaerBereich& bereich = logik_.Tertiaer();
+        const int64_t d = n.AlsInt64();
+        const std::string ziffern = bereich.Ziffern(d);
+        // A number the detail window can hold goes there; a larger one is named here, and
+        // copied whole, since no window shows a thousand digits readably.
+        std::optional<Decimal> klein;
+        if (ziffern.size() <= 28) {
+            try {
+                klein = TextZuDecimal(ziffern);
+            } catch (const Laufzeitfehler&) {
+            }
+        }
+        if (!klein) {
+            QApplication::clipboard()->setText(q(ziffern));
+            const int zustand = bereich.Prim(d) ? (bereich.Getestet() ? 1374 : 1373) : bereich.Kandidat(d) ? 1375 : 1376;
+            MsgInfoText(TextP1P2(1372, "Startwert + " + ZahlFormat(static_cast<long long>(d)) + " = " + ZiffernAnzeige(ziffern),
+                                 Text(zustand)));
+            return;
+        }
+        zahlFenster(*klein);
+        return;
+    }
+    zahlFenster(n);
+}
+
+void frmAnzeige::zahlFenster(const Decimal& n) {
     if (!zahl_) {
         zahl_ = new frmZahl(this);
         zahl_->setAttribute(Qt::WA_DeleteOnClose);
@@ -290,5 +405,52 @@ void frmAnzeige::RechtsSetzen(const std::string& text) { lblRechts_->setText(q(t
 void frmAnzeige::ProzentSetzen(const std::string& text) { lblProzent_->setText(q(text)); }
 void frmAnzeige::BalkenSetzen(int32_t prozent) { sw::BalkenSetzen(balken_->Linie(), balken_, prozent); }
 void frmAnzeige::RahmenZeigen(bool sichtbar) { fraFortschritt_->setVisible(sichtbar); }
+
+// ---- mode 6 ---------------------------------------------------------------------------------
+
+void frmAnzeige::Testen() {
+    if (Laeuft() || !logik_.BereichBereit) return;
+    const Lauf lauf(*this);
+    StoppUhrStart(windowTitle().toStdString());
+    // Once tested, the list holds the probable primes unless the person asks for all.
+    if (logik_.Testen()) optAuswahl_[1]->setChecked(true);
+    if (StoppUhr.laeuft) StoppUhrStop();
+}
+
+void frmAnzeige::Exportieren() {
+    if (!logik_.BereichBereit) {
+        MsgInfo(1104);
+        return;
+    }
+    const std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT)", ".TXT");
+    if (!pfad) return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    logik_.Exportieren(pfad->toStdString());
+    QApplication::restoreOverrideCursor();
+}
+
+void frmAnzeige::TertiaerLaeuft(bool laeuft, const std::string& text) {
+    if (laeuft) {
+        SiebFortschritt(0);
+        lblCountStreich_->clear();
+        AnzahlZeigen(text);
+    }
+    fraTertiaerLauf_->setVisible(laeuft);
+    btnZusatz_->setEnabled(!laeuft);
+    btnExport_->setEnabled(!laeuft);
+}
+
+void frmAnzeige::TertiaerBereitZeigen(bool getestet) {
+    fraTertiaer_->show();
+    // Only probable primes exist once the test ran; a new range starts with its candidates.
+    optAuswahl_[1]->setEnabled(getestet);
+    if (!getestet) optAuswahl_[0]->setChecked(true);
+}
+
+void frmAnzeige::SiebFortschritt(int32_t prozent) { sw::BalkenSetzen(balkenTertiaer_->Linie(), balkenTertiaer_, prozent); }
+void frmAnzeige::TestFortschritt(int32_t prozent) { SiebFortschritt(prozent); }
+void frmAnzeige::StreichungenZeigen(int64_t gestrichen) {
+    lblCountStreich_->setText(q(TextP1(1377, ZahlFormat(static_cast<long long>(gestrichen)))));
+}
 
 }  // namespace sw

@@ -1,12 +1,15 @@
 // frmAnzeige: the prime display. The logic (range, paging, search) is views/Anzeige; this
 // window gives it its controls: the input fields, the count, the progress labels of the
 // secondary sieve, and the page surface that paints the cells at any size with the primes
-// marked. A click on a number opens frmZahl; the search runs through frmSuchen.
+// marked. A click on a number opens frmZahl; the search runs through frmSuchen. Mode 6 has a
+// start and a width instead of Anfang and Länge, a stop button with the bar of the sieve and
+// the test, and the test, the choice of what is listed, and the export.
 #pragma once
 
 #include <QPointer>
 #include <QWidget>
 
+#include "sieve/basExtrem.h"
 #include "sieve/basSekundaer.h"
 #include "views/Anzeige.h"
 #include "windows/Fenster.h"
@@ -14,6 +17,8 @@
 class QLabel;
 class QLineEdit;
 class QFrame;
+class QPushButton;
+class QRadioButton;
 
 namespace sw {
 
@@ -43,7 +48,7 @@ private:
     frmAnzeige& fenster_;
 };
 
-class frmAnzeige : public Fenster, public AnzeigeFenster, public SekundaerFortschrittZiel {
+class frmAnzeige : public Fenster, public AnzeigeFenster, public SekundaerFortschrittZiel, public TertiaerFenster {
 public:
     explicit frmAnzeige(QWidget* eltern = nullptr);
     ~frmAnzeige() override;
@@ -51,8 +56,11 @@ public:
     AnzeigeLogik& Logik() { return logik_; }
     // btnGO.
     void BereichHolen();
-    // The number of a clicked cell to the detail window.
+    // The number of a clicked cell to the detail window; in mode 6 the distance from the start.
     void ZahlZeigen(const Decimal& n);
+    // Mode 6: btnZusatz (the BPSW test) and btnExport.
+    void Testen();
+    void Exportieren();
 
     // AnzeigeFenster
     void NavigationSchalten(bool an) override;
@@ -61,6 +69,14 @@ public:
     SekundaerFortschrittZiel* Fortschritt() override { return this; }
     void AnfangSchreiben(const std::string& text) override;
     void Zeichnen() override;
+    TertiaerFenster* TertiaerZiel() override { return this; }
+    void TertiaerLaeuft(bool laeuft, const std::string& text) override;
+    void TertiaerBereitZeigen(bool getestet) override;
+
+    // TertiaerFenster
+    void SiebFortschritt(int32_t prozent) override;
+    void TestFortschritt(int32_t prozent) override;
+    void StreichungenZeigen(int64_t gestrichen) override;
 
     // SekundaerFortschrittZiel
     void LinksSetzen(const std::string& text) override;
@@ -79,6 +95,9 @@ protected:
     QString WerteSektion() const override;
 
 private:
+    void modusZeigen();
+    void zahlFenster(const Decimal& n);
+
     AnzeigeLogik logik_{*this};
     QLineEdit* txtAnfang_;
     QLineEdit* txtLaenge_;
@@ -93,6 +112,20 @@ private:
     QPointer<frmZahl> zahl_;
     QLabel* lblAnfang_;
     QLabel* lblLaenge_;
+    // mode 6
+    QLabel* lblZahl_;
+    QLineEdit* txtZahl_;
+    QLabel* lblIntervall_;
+    QLineEdit* txtIntervall_;
+    QFrame* fraTertiaer_;
+    QPushButton* btnZusatz_;
+    QRadioButton* optAuswahl_[2];
+    QPushButton* btnExport_;
+    QFrame* fraTertiaerLauf_;
+    QPushButton* btnStopTertiaer_;
+    Balken* balkenTertiaer_;
+    QLabel* lblCountStreich_;
+    QLabel* lblCountText_;
 };
 
 }  // namespace sw

@@ -1,6 +1,7 @@
 // The prime display on the desktop: opened from the cockpit's table, a range fetched by
 // btnGO, the count shown, paging by the toolbar, the detail of a clicked number, the toolbar's
 // save, picture, print and font, refused input, and what each mode keeps.
+#include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QImage>
@@ -241,6 +242,91 @@ TEST_F(AnzeigeFensterTest, ModesKeepTheirFieldsAndTheWindowItsSizeAndBase) {
     EXPECT_EQ(frmAnzeige::ZahlText(Decimal(255)), "FF");
     ZahlenSystem = 10;
     EXPECT_EQ(frmAnzeige::ZahlText(Decimal(123456)), "123.456");
+}
+
+// Mode 6 from the cockpit's table: bad starts and widths get clear messages and leave the
+// window usable; a small window is sieved, paged, tested, its cell clicked and exported.
+TEST_F(AnzeigeFensterTest, LargeRangeSievesPagesTestsAndExports) {
+    int index = -1;
+    for (int i = 0; i < UntersuchungAnzahl; ++i) {
+        const Untersuchung& u = UntersuchungVon(i);
+        if (u.fenster && QString(u.fenster) == "frmAnzeige" && u.modus == 6) index = i;
+    }
+    ASSERT_GE(index, 0);
+    frmAnzeige* fenster = Oeffnen(index);
+    ASSERT_NE(fenster, nullptr);
+    auto* zahl = Steuer<QLineEdit>(fenster, "txtZahl");
+    auto* breite = Steuer<QLineEdit>(fenster, "txtIntervall");
+    ASSERT_TRUE(zahl && breite);
+    EXPECT_TRUE(zahl->isVisible());
+    EXPECT_FALSE(Steuer<QLineEdit>(fenster, "txtEingabe", 0)->isVisible());
+    auto* go = Steuer<QPushButton>(fenster, "btnGO");
+    const struct {
+        const char *start, *breite, *erwartet;
+    } faelle[] = {
+        {"abc", "1.000", "Startwert"}, {"", "1.000", "Startwert"}, {"10^30", "", "Breite"},
+        {"10^30", "-5", "Breite"},     {"10^30", "0", "Breite"},   {"10^30", "zehn", "Breite"},
+    };
+    for (const auto& f : faelle) {
+        SCOPED_TRACE(std::string(f.start) + " / " + f.breite);
+        ui.meldungen.clear();
+        zahl->setText(f.start);
+        breite->setText(f.breite);
+        QTest::mouseClick(go, Qt::LeftButton);
+        ASSERT_EQ(ui.meldungen.size(), 1u) << Meldungen();
+        EXPECT_NE(ui.meldungen[0].text.find(f.erwartet), std::string::npos) << ui.meldungen[0].text;
+        EXPECT_FALSE(fenster->Logik().BereichBereit);
+        EXPECT_FALSE(StoppUhr.laeuft);
+    }
+    ui.meldungen.clear();
+    zahl->setText("10^30");
+    breite->setText("3.000");
+    QTest::mouseClick(go, Qt::LeftButton);
+    AnzeigeLogik& logik = fenster->Logik();
+    ASSERT_TRUE(logik.BereichBereit) << Meldungen();
+    EXPECT_EQ(Steuer<QLabel>(fenster, "lblCountText")->text().toStdString(), Text(511));
+    EXPECT_EQ(Steuer<QLabel>(fenster, "lblCount")->text().toStdString(),
+              TextP1(1363, ZahlFormat(static_cast<long long>(logik.Anzahl))));
+    EXPECT_FALSE(Steuer<QWidget>(fenster, "fraTertiaerLauf")->isVisible());
+    auto* test = Steuer<QPushButton>(fenster, "btnZusatz");
+    ASSERT_TRUE(test && test->isVisible());
+    EXPECT_FALSE(Steuer<QWidget>(fenster, "optAuswahl", 1)->isEnabled());
+    Icon(fenster, "Nav4")->click();
+    EXPECT_EQ(logik.Aktuell, logik.SeitenZahlen());
+    Icon(fenster, "Nav5")->click();
+    EXPECT_LE(logik.Aktuell, Decimal(3000));
+    Icon(fenster, "Nav0")->click();
+    EXPECT_EQ(logik.Aktuell, Decimal(0));
+
+    QTest::mouseClick(test, Qt::LeftButton);
+    EXPECT_EQ(Steuer<QLabel>(fenster, "lblCount")->text().toStdString(),
+              TextP1(1364, ZahlFormat(static_cast<long long>(logik.Anzahl))));
+    EXPECT_TRUE(Steuer<QWidget>(fenster, "optAuswahl", 1)->isEnabled());
+    EXPECT_EQ(logik.Auswahl, 1);
+
+    // A click on a number of 31 digits: named in a box and copied whole.
+    ui.meldungen.clear();
+    fenster->ZahlZeigen(Decimal(7));
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_NE(ui.meldungen[0].text.find(Text(1376)), std::string::npos) << ui.meldungen[0].text;
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1" + std::string(26, '0') + "0007");
+
+    QString ziel = QString::fromStdString(Ordner()) + "intervall";
+    DateiDialogHook = [&](const DateiAnfrage&) { return std::optional<QString>(ziel); };
+    QTest::mouseClick(Steuer<QPushButton>(fenster, "btnExport"), Qt::LeftButton);
+    const QStringList liste = zeilen(ziel + ".TXT");
+    ASSERT_EQ(liste.size(), logik.Anzahl + 1);
+    EXPECT_EQ(liste[0].toStdString(), TextP1P2(1367, "1" + std::string(30, '0'), "3.000"));
+    for (int i = 1; i < liste.size(); ++i) {
+        EXPECT_TRUE(liste[i].size() == 31 && liste[i].startsWith("1" + QString(26, '0'))) << liste[i].toStdString();
+    }
+    // A folder that does not exist: a clear message, nothing lost.
+    ziel = QString::fromStdString(Ordner()) + "fehlt/intervall";
+    ui.meldungen.clear();
+    QTest::mouseClick(Steuer<QPushButton>(fenster, "btnExport"), Qt::LeftButton);
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_NE(ui.meldungen[0].text.find("fehlt/intervall.TXT"), std::string::npos);
+    EXPECT_TRUE(logik.BereichBereit);
 }
 
 }  // namespace
