@@ -84,7 +84,7 @@ void tertiaer(const TertiaerFrage& f) {
     if (test >= 0) TertiaerTesten(test);
     const double t3 = Timer();
     const int64_t anzahl = TertiaerZaehlen();
-    const int64_t schnittWert = std::min<int64_t>(schnitt.AlsInt64(), int64_t(TertiaerWorte) * RasterSpanne + 119);
+    const int64_t schnittWert = TertiaerSchnitt;
 
     Mpz n;
     AusgabePuffer aus;

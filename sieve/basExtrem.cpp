@@ -30,6 +30,7 @@ int32_t TertiaerTeilerWort = 0;
 int32_t TertiaerTeilerBit = 0;
 Decimal TertiaerTeiler;
 Decimal TertiaerTeilerBasis;
+int64_t TertiaerSchnitt = 0;
 
 namespace {
 
@@ -273,6 +274,7 @@ bool TertiaerSieben(TertiaerFenster* anzeige) {
         if (antwort == AntwortJa) schnitt = FrageSchnitt;
     }
     TertiaerWorte = int32_t(schnitt / RasterSpanne);
+    TertiaerSchnitt = int64_t(schnitt);
     if (!PrimzahlenStreichen(schnitt, anzeige)) return false;
     if (anzeige) anzeige->SiebFortschritt(100);
     return true;
