@@ -49,14 +49,6 @@ int32_t testLesen(const std::string& text) {
     throw CliFehler("tertiary: --test must be perrin, rabin, strassen, fermat or bpsw, not " + text);
 }
 
-// Calls ausgabe(d) for each distance d of a number that stands in the window, ascending.
-template <typename Ausgabe>
-void FreieDurchlaufen(int64_t laenge, Ausgabe&& ausgabe) {
-    for (int64_t d = 0; d < laenge; ++d) {
-        if (TertiaerIstFreiAb(d)) ausgabe(d);
-    }
-}
-
 void tertiaer(const TertiaerFrage& f) {
     const int32_t test = f.test.empty() ? -1 : testLesen(f.test);
     const Mpz start = ArgumentLesen(f.start, "START");
@@ -104,7 +96,7 @@ void tertiaer(const TertiaerFrage& f) {
         if (!f.zaehlen) {
             aus.text(",\"numbers\":[");
             bool erstes = true;
-            FreieDurchlaufen(laenge.AlsInt64(), [&](int64_t d) {
+            TertiaerFreieDurchlaufen([&](int64_t d) {
                 if (!erstes) aus.text(",");
                 erstes = false;
                 zahl(d);
@@ -117,7 +109,7 @@ void tertiaer(const TertiaerFrage& f) {
     if (f.zaehlen) {
         aus.text(std::to_string(anzahl) + "\n");
     } else {
-        FreieDurchlaufen(laenge.AlsInt64(), [&](int64_t d) {
+        TertiaerFreieDurchlaufen([&](int64_t d) {
             zahl(d);
             aus.text("\n");
         });

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "frame/Decimal.h"
@@ -69,6 +70,10 @@ int64_t TertiaerTesten(int32_t test, TertiaerFenster* fenster = nullptr);
 int64_t TertiaerZwillingeTesten(int32_t test, TertiaerFenster* fenster = nullptr);
 
 // The window is [TertiaerStart, TertiaerStart + TertiaerLaenge): TertiaerLaenge numbers.
+// Calls ausgabe(d) for the distance d from TertiaerStart of each number that stands in the
+// window (clear bits, and 2, 3, 5 where they lie in it), ascending: the walk of the listings,
+// a word at a time.
+void TertiaerFreieDurchlaufen(const std::function<void(int64_t)>& ausgabe);
 // True if x lies in the window and its bit is clear (2, 3 and 5, which have no bit, are true
 // where they lie in it, as TertiaerZaehlen counts them); outside the window text 497 and false.
 bool TertiaerIstFrei(const Hyp& x);
