@@ -132,7 +132,7 @@ void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     sub->add_option("--test", f->test, "test the candidates: perrin, rabin, strassen, fermat or bpsw");
     sub->add_option("--cut", f->schnitt,
                     "sieve by the primes up to C (default 10000000, at most 4000000000; above 100000000 "
-                    "--yes stops at 100000000)");
+                    "the question is answered No, so the cut stands; sw-cli --yes answers Yes and stops at 100000000)");
     sub->add_flag("--count", f->zaehlen, "print only the count");
     sub->add_flag("--json", f->json,
                   "print one JSON object: start, length, cut, test, candidates, count, seconds, numbers");

@@ -92,6 +92,16 @@ TEST_F(CliTertiaer, Json) {
     EXPECT_EQ(nur.aus.find("numbers"), std::string::npos) << nur.aus;
 }
 
+// Above 100 million the question of the cut: a script's No keeps the cut it gave, --yes stops
+// at 100 million.
+TEST_F(CliTertiaer, FrageDesSchnitts) {
+    const Lauf nein = Starten("tertiary 10^50 1000 --cut 110000000 --json --count");
+    EXPECT_NE(nein.aus.find(R"("cut":110000000,)"), std::string::npos) << nein.aus;
+    EXPECT_NE(nein.fehler.find("100 Mio"), std::string::npos) << nein.fehler;
+    const Lauf ja = Starten("--yes tertiary 10^50 1000 --cut 110000000 --json --count");
+    EXPECT_NE(ja.aus.find(R"("cut":100000000,)"), std::string::npos) << ja.aus;
+}
+
 TEST_F(CliTertiaer, Abgelehnt) {
     for (const char* argumente : {"tertiary 10^30 100 --test lucas", "tertiary 10^30 3e9", "tertiary 10^30 100 --cut 5e9",
                                   "tertiary '10^(' 100", "tertiary 10^30"})
