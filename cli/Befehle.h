@@ -21,6 +21,9 @@ void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // test: one number of any size by one method of the prime test, proven or probable.
 void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
+void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;
 void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);

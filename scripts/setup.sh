@@ -11,6 +11,7 @@ PACKAGES=(
   qt6-base-dev libqt6printsupport6 qt6-qpa-plugins libgl-dev
   qt6-translations-l10n
   xvfb xauth
+  pari-gp
 )
 
 missing=()

@@ -15,6 +15,7 @@
 #include "sieve/Primreste.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/basSekundaer.h"
+#include "sieve/basSiebwerk.h"
 
 namespace sw {
 
@@ -30,6 +31,7 @@ int32_t TertiaerTeilerWort = 0;
 int32_t TertiaerTeilerBit = 0;
 Decimal TertiaerTeiler;
 Decimal TertiaerTeilerBasis;
+int64_t TertiaerSchnitt = 0;
 
 namespace {
 
@@ -72,6 +74,7 @@ bool rasterSteht() {
 // The bits of word w that lie inside the window [start, start + laenge).
 uint32_t FensterMaske(uint64_t w) {
     uint32_t maske = 0xFFFFFFFFu;
+    if (w != 0 && w != uint64_t(TertiaerLetztesWort)) return maske;
     for (int i = 0; i < 32; ++i) {
         const int32_t rest = RasterRest[i + 1];
         const bool vorne = w == 0 && rest < TertiaerVersatz;
@@ -79,6 +82,15 @@ uint32_t FensterMaske(uint64_t w) {
         if (vorne || hinten) maske &= ~BitMaske0[i];
     }
     return maske;
+}
+
+// 2, 3 and 5 have no bit in the raster: how many of them lie in the window.
+int64_t KleineImFenster() {
+    const Fenster& f = fenster();
+    if (mpz_sgn(f.basis.get()) != 0) return 0;
+    int64_t anzahl = 0;
+    for (int32_t klein : {2, 3, 5}) anzahl += klein >= TertiaerVersatz && klein - TertiaerVersatz < f.laenge;
+    return anzahl;
 }
 
 // The largest number the primary raster answers for; 0 without a finished run.
@@ -92,39 +104,58 @@ int SchnittFrage() {
     return UI().Meldung("SW - ???", Text(1300), MeldungsSymbol::Frage, MeldungsKnoepfe::JaNeinAbbrechen);
 }
 
-// Strikes the odd multiples of p from distance d on: word and residue are carried along by
-// the step of 2p in words and rest, so the loop has no division in it.
-inline void Streichen(uint32_t* raster, uint64_t letztes, uint64_t d, uint64_t p) {
-    uint64_t w = d / RasterSpanne;
-    uint32_t s = uint32_t(d % RasterSpanne);
-    const uint64_t schrittWorte = 2 * p / RasterSpanne;
-    const uint32_t schrittRest = uint32_t(2 * p % RasterSpanne);
-    while (w <= letztes) {
+// A prime on its way through the window: word and residue of its next odd multiple, and its
+// step of 2p as words and rest. Word and residue are carried along, so that striking needs no
+// division. Every field fits 32 bits: the window has fewer than 2^25 words.
+struct Gang {
+    uint32_t w, s;
+    uint32_t schrittWorte, schrittRest;
+};
+
+inline Gang GangAnlegen(uint64_t d, uint64_t p) {
+    return Gang{uint32_t(d / RasterSpanne), uint32_t(d % RasterSpanne), uint32_t(2 * p / RasterSpanne),
+                uint32_t(2 * p % RasterSpanne)};
+}
+
+// Strikes the multiples below word ende and keeps the place for the next part of the window.
+inline void Gehen(uint32_t* raster, uint64_t ende, Gang& g) {
+    uint64_t w = g.w;
+    uint32_t s = g.s;
+    while (w < ende) {
         raster[w] |= RestMaske[s];
-        s += schrittRest;
-        w += schrittWorte;
+        s += g.schrittRest;
+        w += g.schrittWorte;
         if (s >= uint32_t(RasterSpanne)) {
             s -= RasterSpanne;
             ++w;
         }
     }
+    g.w = uint32_t(w);
+    g.s = s;
 }
+
+// A window of more words than this is struck part by part by the primes below its numbers,
+// each part staying in the second-level cache while all of them strike there; the primes above
+// strike the whole window at once, since they hit it only here and there.
+constexpr uint64_t TeilWoerter = uint64_t(1) << 15;
 
 // Strikes with every prime 7 <= p <= schnitt of the primary raster. False when Abbruch ended it.
 bool PrimzahlenStreichen(uint64_t schnitt, TertiaerFenster* anzeige) {
     const Fenster& f = fenster();
     uint32_t* raster = SekundaerRaster.data();
-    const uint64_t letztes = f.woerter - 1;
     const uint64_t oben = f.woerter * RasterSpanne;
     // A basis below a sieving prime puts that prime itself in the window: its first odd
     // multiple at or above the basis is p, which must stay; the strikes begin at 3p there.
     const bool basisKlein = mpz_cmp_ui(f.basis.get(), HoechsterSchnitt) <= 0;
     const uint64_t basis = basisKlein ? mpz_get_ui(f.basis.get()) : 0;
     const uint64_t letztesWort = schnitt / RasterSpanne;
+    const uint64_t teilBis = f.woerter > TeilWoerter ? std::min(schnitt, TeilWoerter * RasterSpanne / 4) : 0;
 
     std::vector<uint32_t> primzahlen, reste;
+    std::vector<Gang> teilweise;
     primzahlen.reserve(WoerterJeSchub * 32);
     reste.resize(WoerterJeSchub * 32);
+    bool teileFertig = teilBis == 0;
     for (uint64_t k0 = 0; k0 <= letztesWort; k0 += WoerterJeSchub) {
         primzahlen.clear();
         const uint64_t k1 = std::min(letztesWort + 1, k0 + WoerterJeSchub);
@@ -143,7 +174,13 @@ bool PrimzahlenStreichen(uint64_t schnitt, TertiaerFenster* anzeige) {
             uint64_t d = reste[j] ? p - reste[j] : 0;
             if ((d & 1) == 0) d += p;
             if (basisKlein && basis + d == p) d += 2 * p;
-            if (d < oben) Streichen(raster, letztes, d, p);
+            if (d >= oben) continue;
+            Gang g = GangAnlegen(d, p);
+            if (p <= teilBis) {
+                teilweise.push_back(g);
+            } else {
+                Gehen(raster, f.woerter, g);
+            }
         }
         if (!primzahlen.empty()) {
             const uint32_t p = primzahlen.back();
@@ -151,6 +188,17 @@ bool PrimzahlenStreichen(uint64_t schnitt, TertiaerFenster* anzeige) {
             TertiaerTeilerBit = int32_t(__builtin_clz(RestMaske[p % RasterSpanne])) + 1;
             TertiaerTeiler = Decimal(p);
             TertiaerTeilerBasis = Decimal(p - p % RasterSpanne);
+        }
+        if (!teileFertig && (k1 * RasterSpanne > teilBis || k1 > letztesWort)) {
+            // All primes of the parts are known: the window part by part.
+            for (uint64_t ende = TeilWoerter;; ende += TeilWoerter) {
+                const uint64_t bis = std::min(ende, f.woerter);
+                for (Gang& g : teilweise) Gehen(raster, bis, g);
+                if (bis == f.woerter) break;
+                DoEvents();
+                if (Abbruch) return false;
+            }
+            teileFertig = true;
         }
         if (anzeige && TertiaerWorte > 0) anzeige->SiebFortschritt(int32_t(std::min<uint64_t>(100, 100 * k1 / uint64_t(TertiaerWorte))));
         DoEvents();
@@ -273,6 +321,7 @@ bool TertiaerSieben(TertiaerFenster* anzeige) {
         if (antwort == AntwortJa) schnitt = FrageSchnitt;
     }
     TertiaerWorte = int32_t(schnitt / RasterSpanne);
+    TertiaerSchnitt = int64_t(schnitt);
     if (!PrimzahlenStreichen(schnitt, anzeige)) return false;
     if (anzeige) anzeige->SiebFortschritt(100);
     return true;
@@ -281,15 +330,32 @@ bool TertiaerSieben(TertiaerFenster* anzeige) {
 int64_t TertiaerZaehlen() {
     if (!rasterSteht()) return 0;
     const Fenster& f = fenster();
-    int64_t anzahl = 0;
-    for (uint64_t w = 0; w < f.woerter; ++w) {
-        anzahl += __builtin_popcount(~SekundaerRaster[w] & FensterMaske(w));
+    const uint32_t* raster = SekundaerRaster.data();
+    // The edge words through their masks, the words between at the speed of memory.
+    int64_t anzahl = __builtin_popcount(~raster[0] & FensterMaske(0));
+    if (f.woerter > 1) {
+        anzahl += __builtin_popcount(~raster[f.woerter - 1] & FensterMaske(f.woerter - 1));
+        anzahl += int64_t(NullBitsZaehlen(raster + 1, f.woerter - 2));
     }
-    // 2, 3 and 5 have no bit in the raster.
+    return anzahl + KleineImFenster();
+}
+
+void TertiaerFreieDurchlaufen(const std::function<void(int64_t)>& ausgabe) {
+    if (!rasterSteht()) return;
+    const Fenster& f = fenster();
+    const int64_t versatz = TertiaerVersatz;
     if (mpz_sgn(f.basis.get()) == 0) {
-        for (int32_t klein : {2, 3, 5}) anzahl += klein >= TertiaerVersatz && klein - TertiaerVersatz < f.laenge;
+        for (int64_t klein : {2, 3, 5}) {
+            if (klein >= versatz && klein - versatz < f.laenge) ausgabe(klein - versatz);
+        }
     }
-    return anzahl;
+    for (uint64_t w = 0; w < f.woerter; ++w) {
+        for (uint32_t frei = ~SekundaerRaster[w] & FensterMaske(w); frei;) {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            ausgabe(int64_t(w) * RasterSpanne + RasterRest[i + 1] - versatz);
+        }
+    }
 }
 
 int64_t TertiaerTesten(int32_t test, TertiaerFenster* anzeige) { return Testen(test, anzeige, false); }

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "frame/Decimal.h"
@@ -50,6 +51,7 @@ extern int32_t TertiaerTeilerWort;    // position of the sieving prime in Primae
 extern int32_t TertiaerTeilerBit;
 extern Decimal TertiaerTeiler;        // the sieving prime above the primary raster
 extern Decimal TertiaerTeilerBasis;   // the multiple of 120 beneath it
+extern int64_t TertiaerSchnitt;       // the cut the last sieve struck up to (after root and question)
 
 // Builds the raster over TertiaerStart .. TertiaerStart + TertiaerLaenge with the primes up to
 // the cut (PrimaerGrenze, at most 4,000,000,000; above 100,000,000 the user is asked whether
@@ -67,7 +69,13 @@ int64_t TertiaerTesten(int32_t test, TertiaerFenster* fenster = nullptr);
 // its partner is left untested (and unstruck): that pair can't be a twin.
 int64_t TertiaerZwillingeTesten(int32_t test, TertiaerFenster* fenster = nullptr);
 
-// True if x lies in the window and its bit is clear; outside the window text 497 and false.
+// The window is [TertiaerStart, TertiaerStart + TertiaerLaenge): TertiaerLaenge numbers.
+// Calls ausgabe(d) for the distance d from TertiaerStart of each number that stands in the
+// window (clear bits, and 2, 3, 5 where they lie in it), ascending: the walk of the listings,
+// a word at a time.
+void TertiaerFreieDurchlaufen(const std::function<void(int64_t)>& ausgabe);
+// True if x lies in the window and its bit is clear (2, 3 and 5, which have no bit, are true
+// where they lie in it, as TertiaerZaehlen counts them); outside the window text 497 and false.
 bool TertiaerIstFrei(const Hyp& x);
 // The same for a distance d from TertiaerStart, without the box: for walks over the window.
 bool TertiaerIstFreiAb(int64_t d);

@@ -90,6 +90,9 @@ protected:
         EXPECT_EQ(TertiaerZaehlen(), int64_t(prim.size()));
         EXPECT_EQ(kandidaten - gestrichen, int64_t(prim.size()));
         EXPECT_EQ(FreieAbstaende(laenge), prim);
+        std::vector<int64_t> gewandert;
+        TertiaerFreieDurchlaufen([&](int64_t d) { gewandert.push_back(d); });
+        EXPECT_EQ(gewandert, prim);
     }
 };
 
@@ -155,6 +158,24 @@ TEST_F(Tertiaer, ZufaelligeFensterGegenProbedivision) {
     }
 }
 
+// A window of several cache-sized parts, where the small primes strike part by part and carry
+// their places across the seams, against trial marking.
+TEST_F(Tertiaer, GrossesFensterInTeilen) {
+    Primaer(1000000);
+    const U128 start = U128(1000000000000000ull) + 17;
+    const int32_t laenge = 9000001;
+    ASSERT_TRUE(Sieben(HypAus(start), laenge));
+    const std::vector<bool> frei = FreiVonFaktoren(start, uint64_t(laenge), 1000000);
+    int64_t anzahl = 0, abweichungen = 0;
+    for (int64_t d = 0; d < laenge; ++d) {
+        const bool erwartet = RestMaske[uint32_t((start + uint64_t(d)) % 120)] != 0 && frei[size_t(d)];
+        if (TertiaerIstFreiAb(d) != erwartet && ++abweichungen < 5) ADD_FAILURE() << "start + " << d;
+        anzahl += erwartet;
+    }
+    EXPECT_EQ(abweichungen, 0);
+    EXPECT_EQ(TertiaerZaehlen(), anzahl);
+}
+
 // At the bottom the window is a piece of the primary raster: the same primes, the sieving
 // primes themselves included, and 2, 3, 5 counted by hand.
 TEST_F(Tertiaer, UntenZaehltEsWieDasPrimaereRaster) {
@@ -163,6 +184,9 @@ TEST_F(Tertiaer, UntenZaehltEsWieDasPrimaereRaster) {
         ASSERT_TRUE(Sieben(HypAus(U128(0)), int32_t(laenge)));
         const Decimal erwartet = laenge > 0 ? PrimAnzahl(Dec0, Decimal(laenge - 1)) : Dec0;
         EXPECT_EQ(Decimal(TertiaerZaehlen()), erwartet) << "length " << laenge;
+        std::vector<int64_t> gewandert;
+        TertiaerFreieDurchlaufen([&](int64_t d) { gewandert.push_back(d); });
+        EXPECT_EQ(gewandert, FreieAbstaende(laenge)) << "length " << laenge;
     }
     EXPECT_FALSE(TertiaerIstFreiAb(1));  // 1 struck
     EXPECT_TRUE(TertiaerIstFreiAb(2));
