@@ -6,6 +6,7 @@ namespace sw {
 
 namespace {
 Oberflaeche* aktuelle = nullptr;
+int tiefe = 0;
 
 Oberflaeche& standard() {
     static OberflaecheTerminal terminal;
@@ -16,5 +17,15 @@ Oberflaeche& standard() {
 Oberflaeche& UI() { return aktuelle ? *aktuelle : standard(); }
 
 void OberflaecheSetzen(Oberflaeche* ui) { aktuelle = ui; }
+
+void DoEvents() {
+    struct Tiefe {
+        Tiefe() { ++tiefe; }
+        ~Tiefe() { --tiefe; }
+    } t;
+    UI().DoEvents();
+}
+
+int EreignisTiefe() { return tiefe; }
 
 }  // namespace sw

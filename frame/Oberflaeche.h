@@ -31,8 +31,12 @@ Oberflaeche& UI();
 // Installs an implementation (not owned; it must outlive its use). nullptr restores the default.
 void OberflaecheSetzen(Oberflaeche* ui);
 
-// Shorthands used everywhere.
-inline void DoEvents() { UI().DoEvents(); }
+// The yield of every job. It counts how deeply yields nest, so that code run by the event loop
+// can tell whether it interrupts a job (see SekundaerSperre).
+void DoEvents();
+// 0 outside any yield, 1 inside the turn a job gave the event loop, 2 inside a yield of a job
+// started during that turn, ...
+int EreignisTiefe();
 inline double Timer() { return UI().Uhr(); }
 
 }  // namespace sw

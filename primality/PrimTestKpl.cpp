@@ -21,6 +21,7 @@
 #include "primality/PrimzahlTest.h"
 #include "primality/Probedivision.h"
 #include "sieve/basExtrem.h"
+#include "sieve/basSekundaer.h"
 #include "sieve/basSiebwerk.h"
 #include "zahlkern/zahlkern.h"
 
@@ -169,6 +170,8 @@ KplErgebnis intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
         liste.Abschluss();
         return erg;
     }
+    // The sieve check reads the shared raster between the yields of the whole run.
+    std::optional<SekundaerSperre> sperre;
     if (d.Pruefen) {
         TertiaerStart = d.Start;
         TertiaerLaenge = int32_t(d.Intervall + 1);  // the window is half open, the run includes its end
@@ -186,6 +189,7 @@ KplErgebnis intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
             if (Abbruch) liste.Abschluss();
             return erg;
         }
+        sperre.emplace();
     }
     Hyp n(d.Start);
     int64_t gelaufen = 0;

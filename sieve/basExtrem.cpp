@@ -233,6 +233,7 @@ int64_t Testen(int32_t test, TertiaerFenster* anzeige, bool paare) {
     if (!rasterSteht()) return 0;
     if (test < TertiaerPerrin || test > TertiaerBpsw) throw Laufzeitfehler(FehlerTypenUnvertraeglich);
     const Fenster& f = fenster();
+    SekundaerSperre sperre;  // the test yields while it holds the raster's address
     uint32_t* raster = SekundaerRaster.data();
     const uint64_t letztes = f.woerter - 1;
     const bool gross = mpz_sizeinbase(f.basis, 2) > GrosseKandidatenBits;
@@ -288,6 +289,7 @@ bool TertiaerSieben(TertiaerFenster* anzeige) {
 
     f.steht = false;
     if (!SekundaerRasterAnlegen(woerter)) return false;
+    SekundaerSperre sperre;
     SekundaerStart = Dec0;
     SekundaerEnde = Decimal(int64_t(TertiaerLetztesWort) * RasterSpanne);
     mpz_set(f.start, start);

@@ -460,7 +460,24 @@ bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
     return SekundaerFensterSetzen(neuStart.Betrag(), woerter, uint64_t(grenze.AlsInt64()), fortschrittMelden, &stand);
 }
 
+namespace {
+int32_t sperren = 0;      // SekundaerSperre objects alive
+int sperrTiefe = 0;       // the yield depth at which the outermost one was taken
+}  // namespace
+
+SekundaerSperre::SekundaerSperre() {
+    if (sperren++ == 0) sperrTiefe = EreignisTiefe();
+}
+
+SekundaerSperre::~SekundaerSperre() { --sperren; }
+
+bool SekundaerErsetzbar() { return sperren == 0 || EreignisTiefe() <= sperrTiefe; }
+
 bool SekundaerRasterAnlegen(uint64_t woerter) {
+    if (!SekundaerErsetzbar()) {
+        MsgInfo(1380);
+        return false;
+    }
     std::vector<uint32_t> neu;
     try {
         // Linux overcommits: a window beyond the physical memory would be killed while its
@@ -488,6 +505,7 @@ bool SekundaerRasterAnlegen(uint64_t woerter) {
 bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment,
                             void* kontext) {
     if (!SekundaerRasterAnlegen(woerter)) return false;
+    SekundaerSperre sperre;
     SekundaerStart = Decimal(start);
     SekundaerEnde = Decimal(start + Zahl128(woerter - 1) * RasterSpanne);
     SekundaerFensterSieben(SekundaerRaster.data(), woerter, start, grenze, beiSegment, kontext);

@@ -64,9 +64,24 @@ using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesa
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,
                             SekundaerRueckruf beiSegment = nullptr, void* kontext = nullptr);
 
+// Held by a job that reads or strikes SekundaerRaster across its yields. Code that runs inside
+// one of those yields (a repaint, a click in another window) must not replace the raster: the
+// memory would vanish under the job. The allocator refuses that, and a display that would
+// fetch its range again silently leaves its page empty until the job is over.
+class SekundaerSperre {
+public:
+    SekundaerSperre();
+    ~SekundaerSperre();
+    SekundaerSperre(const SekundaerSperre&) = delete;
+    SekundaerSperre& operator=(const SekundaerSperre&) = delete;
+};
+// False while a job holds the raster and the caller runs inside one of its yields.
+bool SekundaerErsetzbar();
+
 // Replaces SekundaerRaster by woerter zeroed words, refusing what the machine's memory can't
-// hold. Out of memory: "SW - Speicher" and false, the old raster left standing. The limits
-// (SekundaerStart, SekundaerEnde) are the caller's to set.
+// hold. Out of memory: "SW - Speicher" and false, the old raster left standing; inside a yield
+// of a job that holds the raster: text 1380 and false. The limits (SekundaerStart,
+// SekundaerEnde) are the caller's to set.
 bool SekundaerRasterAnlegen(uint64_t woerter);
 
 // Allocates SekundaerRaster for woerter words from start (a multiple of 120), sets

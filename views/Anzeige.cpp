@@ -254,7 +254,9 @@ bool AnzeigeLogik::eigenerBereichSteht() {
     // Mode 6 pages through its own copy of the raster.
     if (Modus == 6 || ImPrimaerbereich || (ZufallModus != 0 && Modus != 5)) return true;
     if (!SekundaerRaster.empty() && SekundaerStart == meinStart_ && SekundaerEnde == meinEnde_) return true;
-    // Another window sieved in between: the range is fetched again, silently.
+    // Another window sieved in between: the range is fetched again, silently, unless that
+    // window's job is still running on the raster (this is one of its yields).
+    if (!SekundaerErsetzbar()) return false;
     AnzeigeStumm = 1;
     StummWaechter waechter;
     const bool ok = Modus == 5 ? SekundaerQuadrato(Anfang, Ende, nullptr) : SekundaerSieben(Anfang, Laenge);

@@ -17,6 +17,7 @@
 #include "sieve/PrimaerLauf.h"
 #include "sieve/Primreste.h"
 #include "sieve/basExtrem.h"
+#include "sieve/basSekundaer.h"
 #include "sieve/basSiebwerk.h"
 
 namespace sw::test {
@@ -290,6 +291,30 @@ TEST_F(Tertiaer, FortschrittUndAbbruch) {
     EXPECT_TRUE(Abbruch);
     Abbruch = false;
     ui.beiDoEvents = nullptr;
+}
+
+// A window that asks for a range during one of the test's yields (a click, a repaint) would
+// free the raster under the running test: that is refused with a message, the test runs on
+// over its own raster, and once it is over the range may be replaced again.
+TEST_F(Tertiaer, KeinNeuesRasterWaehrendEinerDerAusbeuten) {
+    Primaer(1000000);
+    const Hyp start = HypAus("1" + std::string(40, '0'));
+    ASSERT_TRUE(Sieben(start, 20000));
+    const int64_t kandidaten = TertiaerZaehlen();
+    static int verweigert;
+    verweigert = 0;
+    ui.beiDoEvents = [] {
+        if (!SekundaerSieben(Decimal(int64_t(2000000000)), Decimal(int64_t(100000)))) ++verweigert;
+    };
+    const int64_t gestrichen = TertiaerTesten(TertiaerBpsw);
+    ui.beiDoEvents = nullptr;
+    EXPECT_GT(verweigert, 0);
+    ASSERT_FALSE(ui.meldungen.empty());
+    EXPECT_EQ(ui.meldungen.back().text, Text(1380));
+    EXPECT_EQ(TertiaerZaehlen(), kandidaten - gestrichen);
+    EXPECT_EQ(FreieAbstaende(20000), OraklPrimzahlen(start, 20000));
+    EXPECT_TRUE(SekundaerSieben(Decimal(int64_t(2000000000)), Decimal(int64_t(100000))));
+    EXPECT_EQ(TertiaerZaehlen(), 0);  // the tertiary raster is gone, and its queries know it
 }
 
 // Above 100 million the user chooses the cut: Yes stops there, No keeps the limit, Cancel
