@@ -460,8 +460,7 @@ bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
     return SekundaerFensterSetzen(neuStart.Betrag(), woerter, uint64_t(grenze.AlsInt64()), fortschrittMelden, &stand);
 }
 
-bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment,
-                            void* kontext) {
+bool SekundaerRasterAnlegen(uint64_t woerter) {
     std::vector<uint32_t> neu;
     try {
         // Linux overcommits: a window beyond the physical memory would be killed while its
@@ -483,7 +482,12 @@ bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, Se
         return false;
     }
     SekundaerRaster.swap(neu);
-    std::vector<uint32_t>().swap(neu);
+    return true;
+}
+
+bool SekundaerFensterSetzen(Zahl128 start, uint64_t woerter, uint64_t grenze, SekundaerRueckruf beiSegment,
+                            void* kontext) {
+    if (!SekundaerRasterAnlegen(woerter)) return false;
     SekundaerStart = Decimal(start);
     SekundaerEnde = Decimal(start + Zahl128(woerter - 1) * RasterSpanne);
     SekundaerFensterSieben(SekundaerRaster.data(), woerter, start, grenze, beiSegment, kontext);

@@ -64,6 +64,11 @@ using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesa
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,
                             SekundaerRueckruf beiSegment = nullptr, void* kontext = nullptr);
 
+// Replaces SekundaerRaster by woerter zeroed words, refusing what the machine's memory can't
+// hold. Out of memory: "SW - Speicher" and false, the old raster left standing. The limits
+// (SekundaerStart, SekundaerEnde) are the caller's to set.
+bool SekundaerRasterAnlegen(uint64_t woerter);
+
 // Allocates SekundaerRaster for woerter words from start (a multiple of 120), sets
 // SekundaerStart and SekundaerEnde (the base of the last word) and sieves it by the primes up
 // to grenze. Out of memory: "SW - Speicher" and false, the old range left standing.
