@@ -147,7 +147,7 @@ void ZwillingeProbabilistisch(const Hyp& von, int64_t laenge, int64_t vorStart, 
     ZwillingeAnzeige& anzeige = lauf.anzeige;
     Abbruch = false;
     TertiaerStart = von;
-    TertiaerLaenge = int32_t(laenge);
+    TertiaerLaenge = int32_t(laenge + 1);  // the window is half open; the interval ends at von + laenge
     anzeige.WartenZeigen(true);
     const bool gesiebt = TertiaerSieben(&anzeige);
     if (!gesiebt || Abbruch) {
