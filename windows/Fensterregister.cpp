@@ -12,6 +12,7 @@
 #include "windows/frmPrimModify.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
+#include "windows/frmSucheZwillinge.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -58,6 +59,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+        {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;
