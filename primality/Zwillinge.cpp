@@ -174,7 +174,7 @@ void ZwillingeProbabilistisch(const Hyp& von, int64_t laenge, int64_t vorStart, 
         return !Abbruch;
     });
     anzeige.KandidatenZeigen(kandidaten);
-    if (!Abbruch) TertiaerZwillingeTesten(TertiaerTestNummer(art), &anzeige);
+    if (!Abbruch) anzeige.KandidatenZeigen(kandidaten - TertiaerZwillingeTesten(TertiaerTestNummer(art), &anzeige));
     anzeige.WartenZeigen(false);
 
     TertiaerDurchlaufen(unten, oben - 2, [&](int64_t c) {

@@ -192,10 +192,12 @@ void frmSucheZwillinge::WartenZeigen(bool sichtbar) {
     DoEvents();
 }
 
-void frmSucheZwillinge::KandidatenZeigen(int64_t anzahl) { lblCount_->setText(q(ZahlFormat((long long)anzahl))); }
+void frmSucheZwillinge::KandidatenZeigen(int64_t anzahl) {
+    lblCount_->setText(SektionsText("Kandidaten").replace("#P1", q(ZahlFormat((long long)anzahl))));
+}
 
 void frmSucheZwillinge::StreichungenZeigen(int64_t gestrichen) {
-    lblCountStreich_->setText(q(ZahlFormat((long long)gestrichen)));
+    lblCountStreich_->setText(SektionsText("Gestrichen").replace("#P1", q(ZahlFormat((long long)gestrichen))));
 }
 
 void frmSucheZwillinge::SiebFortschritt(int32_t prozent) {
