@@ -175,7 +175,9 @@ void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     sub->add_option("--method", f->methode,
                     "search as the twin window does: 0 trial division of (6m)^2-1, 1 the primary raster, "
                     "2 a secondary range, 3 sieve and probable-prime test (any height; TO - FROM at most 2e9)");
-    sub->add_option("--test", f->test, "the test of --method 3 (given alone, it means --method 3): perrin, rabin, strassen, fermat or bpsw (default)");
+    sub->add_option("--test", f->test,
+                    "the test of --method 3 (given alone, it means --method 3): perrin, rabin, strassen, "
+                    "fermat or bpsw (default)");
     sub->add_flag("--json", f->json, "print one JSON object");
     sub->callback([f, &auftrag]() { auftrag = [f]() { zwillinge(*f); }; });
 }
