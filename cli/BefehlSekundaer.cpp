@@ -79,9 +79,14 @@ struct Paare {
     std::vector<std::string> zahlen{2};
     RasterWahl raster;
     bool json = false;
+    std::string methode, test;  // --method, --test: the twin window's search instead of the walk
 };
 
 void zwillinge(const Paare& f) {
+    if (!f.methode.empty() || !f.test.empty()) {
+        ZwillingeMitVerfahren(f.zahlen[0], f.zahlen[1], f.methode.empty() ? "3" : f.methode, f.test, f.raster, f.json);
+        return;
+    }
     const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "twins");
     if (SekundaerWeg(bis, f.raster)) {
         WurzelRasterBereitstellen(bis, "twins");
@@ -167,6 +172,12 @@ void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     sub->add_option("TO", f->zahlen[1], "a whole number")->required();
     sub->add_option("--limit", f->raster.limit, "sieve the raster up to this limit");
     sub->add_option("--block", f->raster.block, "load the raster from this block file");
+    sub->add_option("--method", f->methode,
+                    "search as the twin window does: 0 trial division of (6m)^2-1, 1 the primary raster, "
+                    "2 a secondary range, 3 sieve and probable-prime test (any height; TO - FROM at most 2e9)");
+    sub->add_option("--test", f->test,
+                    "the test of --method 3 (given alone, it means --method 3): perrin, rabin, strassen, "
+                    "fermat or bpsw (default)");
     sub->add_flag("--json", f->json, "print one JSON object");
     sub->callback([f, &auftrag]() { auftrag = [f]() { zwillinge(*f); }; });
 }

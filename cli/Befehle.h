@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <string>
 
 #include "frame/Decimal.h"
 
@@ -30,5 +31,8 @@ void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl);
 void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json);
 void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json);
+// twins with --method: the search of the twin window by one of its four methods, at any height.
+void ZwillingeMitVerfahren(const std::string& von, const std::string& bis, const std::string& methode,
+                           const std::string& test, const RasterWahl& raster, bool json);
 
 }  // namespace sw::cli

@@ -13,6 +13,7 @@
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
+#include "windows/frmSucheZwillinge.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -60,6 +61,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+        {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;
