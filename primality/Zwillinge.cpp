@@ -124,14 +124,6 @@ bool ZwillingeSekundaer(const Hyp& von, const Hyp& bis, Lauf& lauf) {
     return true;
 }
 
-// Whether position c of the tertiary raster (a distance from TertiaerBasis) is unstruck.
-bool TertiaerFreiBei(int64_t c) {
-    if (c < 0) return false;
-    const uint64_t w = uint64_t(c) / RasterSpanne;
-    const uint32_t maske = RestMaske[uint64_t(c) % RasterSpanne];
-    return maske && w < SekundaerRaster.size() && !(SekundaerRaster[w] & maske);
-}
-
 // Calls f(c) for each unstruck position unten <= c <= oben, ascending, while f gives true.
 template <typename F>
 void TertiaerDurchlaufen(int64_t unten, int64_t oben, F&& f) {
@@ -156,15 +148,18 @@ void ZwillingeProbabilistisch(const Hyp& von, int64_t laenge, int64_t vorStart, 
         lauf.endZeile();
         return;
     }
+    SekundaerSperre sperre;  // the walks below yield while they read and strike the raster
     int64_t kandidaten = TertiaerZaehlen();
     anzeige.KandidatenZeigen(kandidaten);
     const int64_t unten = TertiaerVersatz, oben = int64_t(TertiaerVersatz) + laenge;
+    // c is a raster position, a distance from TertiaerBasis.
+    const auto frei = [unten](int64_t c) { return TertiaerIstFreiAb(c - unten); };
 
     // A candidate whose neighbours at distance 2 are both struck belongs to no twin; the test,
     // far dearer than this walk, never sees it.
     int64_t gestrichen = 0;
     TertiaerDurchlaufen(unten, oben - 2, [&](int64_t c) {
-        if (TertiaerFreiBei(c + 2) || (c - 2 >= unten && TertiaerFreiBei(c - 2))) return true;
+        if (frei(c + 2) || (c - 2 >= unten && frei(c - 2))) return true;
         SekundaerRaster[uint64_t(c) / RasterSpanne] |= RestMaske[uint64_t(c) % RasterSpanne];
         --kandidaten;
         if ((++gestrichen & 4095) == 0) {
@@ -178,7 +173,7 @@ void ZwillingeProbabilistisch(const Hyp& von, int64_t laenge, int64_t vorStart, 
     anzeige.WartenZeigen(false);
 
     TertiaerDurchlaufen(unten, oben - 2, [&](int64_t c) {
-        if (!TertiaerFreiBei(c + 2)) return true;
+        if (!frei(c + 2)) return true;
         const int64_t abstand = c - unten + vorStart;
         Hyp p = Plus(TertiaerBasis, uint32_t(c));
         lauf.melden(p, "..." + ZahlFormat((long long)abstand) + Trenner + "..." + ZahlFormat((long long)abstand + 2));
