@@ -9,6 +9,7 @@
 #include <fstream>
 #include <set>
 
+#include "Blaettern.h"
 #include "TestUmgebung.h"
 #include "arith/HypText.h"
 #include "arith/basHyper.h"
@@ -93,22 +94,7 @@ protected:
     }
     // Every page from the first to the last: the marked distances, each page's cells checked
     // against the residues of their numbers.
-    std::set<int64_t> AllesBlaettern() {
-        std::set<int64_t> gesehen;
-        logik.Blaettern(0);
-        for (int seiten = 0; seiten < 100000; ++seiten) {
-            const AnzeigeSeite s = logik.Seite();
-            EXPECT_EQ(s.kopf.rfind("Diese Seite startet mit: ", 0), 0u);
-            for (const AnzeigeZelle& z : s.zellen) {
-                if (z.prim) gesehen.insert(z.zahl.AlsInt64());
-                EXPECT_FALSE(z.prim && !z.imBereich);
-            }
-            const Decimal vorher = logik.Aktuell;
-            logik.Blaettern(4);
-            if (logik.Aktuell == vorher) break;
-        }
-        return gesehen;
-    }
+    std::set<int64_t> AllesBlaettern() { return test::AllesBlaettern(logik); }
     Attrappe fenster;
     AnzeigeLogik logik{fenster};
 };

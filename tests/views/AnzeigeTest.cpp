@@ -6,6 +6,7 @@
 #include <set>
 
 #include "../sieve/SiebHilfen.h"
+#include "Blaettern.h"
 #include "TestUmgebung.h"
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
@@ -51,22 +52,7 @@ protected:
     }
 
     // Pages from the first to the last page and collects the primes shown in range.
-    std::set<int64_t> AllesBlaettern() {
-        std::set<int64_t> gesehen;
-        logik.Blaettern(0);
-        for (int seiten = 0; seiten < 100000; ++seiten) {
-            const AnzeigeSeite s = logik.Seite();
-            for (int32_t p : s.vorweg) gesehen.insert(p);
-            for (const AnzeigeZelle& z : s.zellen) {
-                if (z.prim) gesehen.insert(z.zahl.AlsInt64());
-                EXPECT_FALSE(z.prim && !z.imBereich);
-            }
-            const Decimal vorher = logik.Aktuell;
-            logik.Blaettern(4);
-            if (logik.Aktuell == vorher) break;
-        }
-        return gesehen;
-    }
+    std::set<int64_t> AllesBlaettern() { return test::AllesBlaettern(logik); }
 
     FensterAttrappe fenster;
     AnzeigeLogik logik{fenster};
