@@ -23,11 +23,16 @@ class LucasDwt {
 public:
     // For a prime p >= 3; the FFT length comes from the table of safe bits per word.
     explicit LucasDwt(uint32_t p);
+    // Starts at the given length instead of the table's (it still moves up on errors): for the
+    // tests of the error handling and for measurements. Lengths the engine does not use are
+    // rounded up to the next one it does.
+    LucasDwt(uint32_t p, size_t fftLaenge);
     ~LucasDwt();
     LucasDwt(const LucasDwt&) = delete;
     LucasDwt& operator=(const LucasDwt&) = delete;
 
-    // The residue as 32-bit words, lowest first, below 2^p - 1 (S(1) = {4}).
+    // The residue as 32-bit words, lowest first, below 2^p - 1 (S(1) = {4}). It must be a
+    // member S(i), i >= 1, of the Lucas-Lehmer sequence: the Jacobi check relies on that.
     void Setzen(const std::vector<uint32_t>& s);
     std::vector<uint32_t> Wert() const;
 
@@ -40,6 +45,11 @@ public:
     uint64_t Res64() const;  // the low 64 bits of the residue
     size_t FftLaenge() const;
     double GroessterFehler() const;  // the largest round-off seen so far
+    uint32_t Wiederholungen() const;  // how often a stretch was run again after an error
+
+    // For the tests of the checks: after the given number of iterations from now, one digit
+    // is falsified once, a fault that only the Jacobi check can see.
+    void StoerenNach(uint32_t iterationen);
 
 private:
     struct Zustand;

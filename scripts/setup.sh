@@ -6,7 +6,7 @@ set -euo pipefail
 PACKAGES=(
   build-essential cmake ninja-build pkg-config git
   clang libclang-rt-14-dev
-  libgmp-dev libecm-dev libsqlite3-dev libcli11-dev
+  libgmp-dev libecm-dev libsqlite3-dev libcli11-dev libfftw3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libqt6printsupport6 qt6-qpa-plugins libgl-dev
   qt6-translations-l10n
