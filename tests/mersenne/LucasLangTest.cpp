@@ -1,0 +1,31 @@
+// The larger Mersenne exponents up to 44,497 by the exact Karatsuba method and the transform,
+// with a composite neighbour each. Minutes of work, so not part of the default run:
+// ctest -C Lang -L lang.
+#include <gtest/gtest.h>
+
+#include "TestUmgebung.h"
+#include "mersenne/LucasLauf.h"
+
+namespace sw::test {
+namespace {
+
+class LucasLang : public SwTest {};
+
+TEST_F(LucasLang, LargeMersenneExponents) {
+    const std::pair<uint32_t, bool> faelle[] = {{9689, true},   {9697, false},  {9941, true},   {11213, true},
+                                                {19937, true},  {21701, true},  {21713, false}, {23209, true},
+                                                {44497, true},  {44501, false}};
+    for (const auto& [p, prim] : faelle) {
+        for (int32_t methode : {LucasMethodeKaratsuba, LucasMethodeDwt}) {
+            LucasAuftrag a;
+            a.p = p;
+            a.methode = methode;
+            a.pruefpunkte = false;
+            const LucasBefund b = LucasLauf(a, nullptr);
+            EXPECT_EQ(b.ergebnis, prim ? LucasErgebnis::Prim : LucasErgebnis::Zusammengesetzt) << p << " " << methode;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace sw::test
