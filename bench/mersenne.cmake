@@ -1,5 +1,7 @@
-# The transform squaring of the Lucas-Lehmer test against GMP's squaring with the fold modulo
-# 2^p - 1, at p = 86,243 and p = 1,257,787 (targets: 0.3x and 0.25x GMP per iteration).
+# The Lucas-Lehmer squarings against GMP's squaring with the fold modulo 2^p - 1, in the same
+# run: the transform at p = 86,243 and 1,257,787 (targets 0.3x and 0.25x GMP per iteration),
+# Karatsuba at 44,497 and 86,243 (target 1.5x).
 sw_add_bench(sw_bench_mersenne
   ${CMAKE_CURRENT_LIST_DIR}/mersenne_lucas.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/mersenne_karatsuba.cpp
 )

@@ -22,6 +22,9 @@ void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // test: one number of any size by one method of the prime test, proven or probable.
 void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// lucas: the Lucas-Lehmer test of 2^P - 1 by one of four methods, with checkpoints.
+void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
 void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 

@@ -10,6 +10,7 @@
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
+#include "windows/frmLucasLehmer.h"
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
@@ -57,6 +58,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
+        {"frmLucasLehmer", modeless<frmLucasLehmer>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
