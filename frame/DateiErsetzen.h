@@ -5,11 +5,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace sw {
 
-// True when the new content stands; on any failure the old file is untouched and the
-// temporary file is gone.
-bool DateiErsetzen(const std::string& pfad, const std::string& inhalt);
+// True when the new content stands; on any failure the old file is untouched, the temporary
+// file is gone and errno says why. A file that existed keeps its permissions.
+bool DateiErsetzen(const std::string& pfad, std::string_view inhalt);
 
 }  // namespace sw

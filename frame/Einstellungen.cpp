@@ -1,9 +1,5 @@
 #include "frame/Einstellungen.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <charconv>
 #include <cmath>
@@ -13,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "frame/DateiErsetzen.h"
 #include "frame/Pfade.h"
 #include "frame/Zahlformat.h"
 #include "frame/Zeichenketten.h"
@@ -118,8 +115,7 @@ std::string ohneZeilenwechsel(std::string s) {
     return s;
 }
 
-// Replaces the file in one step: the new content goes to a temporary file in the same folder,
-// reaches the disk, and is renamed over the old one. Any failure leaves the old file as it was.
+// Replaces the file in one step; any failure leaves the old file as it was.
 void dateiErsetzen(const std::string& pfad, const IniInhalt& inhalt) {
     namespace fs = std::filesystem;
     std::error_code ec;
@@ -131,39 +127,7 @@ void dateiErsetzen(const std::string& pfad, const IniInhalt& inhalt) {
     const char* ende = inhalt.crlf ? "\r\n" : "\n";
     for (const std::string& z : inhalt.zeilen) text += z + ende;
 
-    std::string muster = ziel + ".XXXXXX";
-    int fd = ::mkstemp(muster.data());
-    if (fd < 0) return;
-    struct stat alt {};
-    mode_t modus;
-    if (::stat(ziel.c_str(), &alt) == 0) {
-        modus = alt.st_mode & 07777;
-    } else {
-        mode_t maske = ::umask(0);
-        ::umask(maske);
-        modus = 0666 & ~maske;
-    }
-    bool gut = ::fchmod(fd, modus) == 0;
-    size_t geschrieben = 0;
-    while (gut && geschrieben < text.size()) {
-        ssize_t n = ::write(fd, text.data() + geschrieben, text.size() - geschrieben);
-        if (n < 0 && errno == EINTR) continue;
-        gut = n > 0;
-        if (gut) geschrieben += static_cast<size_t>(n);
-    }
-    gut = gut && ::fsync(fd) == 0;
-    gut = (::close(fd) == 0) && gut;
-    if (!gut || ::rename(muster.c_str(), ziel.c_str()) != 0) {
-        ::unlink(muster.c_str());
-        return;
-    }
-    // The rename itself is durable only once the folder is on disk.
-    std::string ordner = fs::path(ziel).parent_path().string();
-    int dfd = ::open(ordner.empty() ? "." : ordner.c_str(), O_RDONLY | O_DIRECTORY);
-    if (dfd >= 0) {
-        ::fsync(dfd);
-        ::close(dfd);
-    }
+    DateiErsetzen(ziel, text);
 }
 
 void eintragSetzen(IniInhalt& inhalt, const std::string& sektion, const std::string& key, const std::string& wert) {

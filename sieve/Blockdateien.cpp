@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <new>
 
+#include "frame/DateiErsetzen.h"
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/Zahlformat.h"
@@ -246,34 +247,12 @@ bool BlockDateiGueltig(const std::string& pfad) {
     return std::all_of(name.begin() + 1, name.begin() + 4, [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// Written to a temporary file beside the target and renamed over it, so that an interrupted
-// save never leaves a half-written block, and a longer old file cannot keep stale words
+// Replaced in one step, so that an interrupted save never leaves a half-written block, and a longer old file cannot keep stale words
 // behind the new ones, which a later load would take for part of the raster.
 bool RasterSpeichern(const std::string& pfad, const std::vector<uint32_t>& raster) {
-    const std::string temp = pfad + ".tmp";
-    const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0) {
+    const std::string_view inhalt(reinterpret_cast<const char*>(raster.data()), raster.size() * sizeof(uint32_t));
+    if (!DateiErsetzen(pfad, inhalt)) {
         dateiFehler(TextDateiNichtSchreibbar, FehlerDateizugriff, pfad, std::strerror(errno));
-        return false;
-    }
-    const char* q = reinterpret_cast<const char*>(raster.data());
-    size_t rest = raster.size() * sizeof(uint32_t);
-    bool gut = true;
-    while (rest > 0) {
-        const ssize_t n = ::write(fd, q, rest);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) {
-            gut = false;
-            break;
-        }
-        q += n;
-        rest -= size_t(n);
-    }
-    const int fehler = errno;
-    if (::close(fd) != 0) gut = false;
-    if (!gut || std::rename(temp.c_str(), pfad.c_str()) != 0) {
-        dateiFehler(TextDateiNichtSchreibbar, FehlerDateizugriff, pfad, std::strerror(gut ? errno : fehler));
-        ::unlink(temp.c_str());
         return false;
     }
     return true;
