@@ -11,6 +11,7 @@
 #include "frame/basZentral.h"
 #include "mersenne/LucasDwt.h"
 #include "mersenne/LucasPruefpunkt.h"
+#include "primality/Probedivision.h"
 
 namespace sw {
 
@@ -87,13 +88,7 @@ bool istNull(const std::vector<uint32_t>& rest) {
 
 }  // namespace
 
-bool LucasExponentPrim(uint32_t p) {
-    if (p < 2) return false;
-    for (uint32_t d = 2; uint64_t(d) * d <= p; ++d) {
-        if (p % d == 0) return false;
-    }
-    return true;
-}
+bool LucasExponentPrim(uint32_t p) { return ProbedivisionPrim(p); }
 
 std::string Res64Text(uint64_t r) {
     char text[17];

@@ -202,14 +202,6 @@ bool ganzerLauf(uint32_t p, int32_t methode, LucasAnzeige* anzeige) {
     return LucasLauf(a, anzeige).ergebnis == LucasErgebnis::Prim;
 }
 
-bool exponentPrim(uint32_t p) {
-    if (p < 2) return false;
-    for (uint32_t d = 2; uint64_t(d) * d <= p; ++d) {
-        if (p % d == 0) return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 bool LucasBinomisch(uint32_t p, LucasAnzeige* anzeige) { return ganzerLauf(p, LucasMethodeBinomisch, anzeige); }
@@ -218,7 +210,7 @@ bool LucasKaratsuba(uint32_t p, LucasAnzeige* anzeige) { return ganzerLauf(p, Lu
 
 LucasErgebnis LucasLehmer(uint32_t p) {
     if (p == 2) return LucasErgebnis::Prim;
-    if (!exponentPrim(p)) return LucasErgebnis::Zusammengesetzt;
+    if (!LucasExponentPrim(p)) return LucasErgebnis::Zusammengesetzt;
     LucasAuftrag a;
     a.p = p;
     a.methode = p >= LucasDwtAb ? LucasMethodeDwt : LucasMethodeKaratsuba;

@@ -236,4 +236,13 @@ bool ProbedivisionHyp(const Hyp& n) {
            }) == 0;
 }
 
+bool ProbedivisionPrim(uint64_t n) {
+    if (n < 2) return false;
+    if (n % 2 == 0) return n == 2;
+    for (uint64_t d = 3; d * d <= n; d += 2) {
+        if (n % d == 0) return false;
+    }
+    return true;
+}
+
 }  // namespace sw

@@ -35,5 +35,8 @@ bool HatKleinenTeiler(const Hyp& n, int32_t limit);
 // True if n is prime by trial division up to its root. A root beyond the 32-bit divisors
 // cannot be walked: the user is told so (text 1203) and the answer is false.
 bool ProbedivisionHyp(const Hyp& n);
+// Trial division of a word without any raster: for exponents and the few numbers where a
+// raster is not at hand (n below 2^40 or so, a million divisions at most).
+bool ProbedivisionPrim(uint64_t n);
 
 }  // namespace sw

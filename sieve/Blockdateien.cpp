@@ -17,6 +17,7 @@
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/Zahlformat.h"
+#include "primality/Probedivision.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
 #include "sieve/RasterTabellen.h"
@@ -113,24 +114,13 @@ bool rasterAusDatei(int fd, size_t worte, const std::string& pfad) {
     return true;
 }
 
-// Trial division, for the few numbers of one raster word (below 2^38, so at most a few
-// hundred thousand divisions).
-bool durchProbeDivisionPrim(uint64_t n) {
-    if (n < 2) return false;
-    if (n % 2 == 0) return n == 2;
-    for (uint64_t d = 3; d * d <= n; d += 2) {
-        if (n % d == 0) return false;
-    }
-    return true;
-}
-
 // Whether a number of the word k at or below bis reads struck although it is prime. A raster
 // saved at the end of a run has all numbers above its limit struck, so such a number proves
 // that the limit lay below it.
 bool primzahlGestrichen(uint32_t wort, int64_t k, int64_t bis) {
     for (int i = 1; i <= 32; ++i) {
         const int64_t n = RasterSpanne * k + RasterRest[i];
-        if (n <= bis && (wort & BitMaske[i]) && durchProbeDivisionPrim(uint64_t(n))) return true;
+        if (n <= bis && (wort & BitMaske[i]) && ProbedivisionPrim(uint64_t(n))) return true;
     }
     return false;
 }
