@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "frame/Oberflaeche.h"
+#include "BenchRaster.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
 #include "sieve/RasterTabellen.h"
@@ -11,17 +12,8 @@
 
 namespace {
 
-void rasterBauen(int64_t grenze) {
-    static bool tabellen = false;
-    if (!tabellen) {
-        sw::RasterTabellenAufbauen();
-        tabellen = true;
-    }
-    if (sw::PrimaerGrenze != sw::Decimal(grenze)) sw::PrimaerLauf(sw::Decimal(grenze), sw::MethodeProdukt);
-}
-
 void PrimAnzahl2e9(benchmark::State& state) {
-    rasterBauen(2000000000);
+    sw::bench::RasterBauen(2000000000);
     sw::Decimal anzahl;
     for (auto _ : state) {
         anzahl = sw::PrimAnzahl(sw::Decimal(2), sw::PrimaerGrenze);

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+#include "BenchRaster.h"
 #include "frame/basZentral.h"
 #include "primality/HypMpz.h"
 #include "sieve/PrimaerLauf.h"
@@ -17,18 +18,9 @@
 
 namespace {
 
-void rasterBauen(int64_t grenze) {
-    static bool tabellen = false;
-    if (!tabellen) {
-        sw::RasterTabellenAufbauen();
-        tabellen = true;
-    }
-    if (sw::PrimaerGrenze != sw::Decimal(grenze)) sw::PrimaerLauf(sw::Decimal(grenze), sw::MethodeProdukt);
-}
-
 const std::vector<uint32_t>& Primzahlen() {
     static const std::vector<uint32_t> p = [] {
-        rasterBauen(100000000);
+        sw::bench::RasterBauen(100000000);
         std::vector<uint32_t> v;
         sw::PrimzahlenDurchlaufen(7, 100000000, [&](uint64_t q) { return v.push_back(uint32_t(q)), true; });
         return v;
@@ -72,7 +64,7 @@ void GmpJePrimzahl10000Stellen(benchmark::State& state) {
 BENCHMARK(GmpJePrimzahl10000Stellen)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void TertiaerSieben10hoch100(benchmark::State& state) {
-    rasterBauen(10000000);
+    sw::bench::RasterBauen(10000000);
     sw::Mpz start;
     mpz_ui_pow_ui(start, 10, 100);
     sw::TertiaerStart = sw::MpzZuHyp(start);

@@ -9,6 +9,7 @@
 
 #include <string>
 
+#include "BenchRaster.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -28,8 +29,7 @@ public:
 };
 
 void BlaetternSekundaer(benchmark::State& state) {
-    sw::RasterTabellenAufbauen();
-    sw::PrimaerLauf(sw::Decimal(1000000000), sw::MethodeProdukt);  // decides up to 10^18
+    sw::bench::RasterBauen(1000000000);  // decides up to 10^18
     StillesFenster fenster;
     sw::AnzeigeLogik logik(fenster);
     logik.Modus = int32_t(state.range(0));
@@ -52,8 +52,7 @@ void BlaetternSekundaer(benchmark::State& state) {
 BENCHMARK(BlaetternSekundaer)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 void BlaetternGross(benchmark::State& state) {
-    sw::RasterTabellenAufbauen();
-    sw::PrimaerLauf(sw::Decimal(10000000), sw::MethodeProdukt);
+    sw::bench::RasterBauen(10000000);
     StillesFenster fenster;
     sw::AnzeigeLogik logik(fenster);
     logik.Modus = 6;
