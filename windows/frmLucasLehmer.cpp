@@ -18,6 +18,7 @@
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "mersenne/MersenneWert.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
@@ -103,12 +104,8 @@ void frmLucasLehmer::Schritt(int richtung) {
     if (Laeuft()) return;
     const auto wert = ZahlEingabe(txtPotenz_, "Exponent p", Decimal(0), Decimal(0xFFFFFFFFu));
     if (!wert) return;
-    int64_t p = wert->AlsInt64();
-    do {
-        p += richtung;
-    } while (p >= 2 && p <= 0xFFFFFFFFLL && !LucasExponentPrim(uint32_t(p)));
-    if (p < 3 || p > 0xFFFFFFFFLL) return;  // nothing beyond the ends
-    txtPotenz_->setText(q(ZahlFormat(Decimal(p))));
+    const uint32_t p = PrimExponentSchritt(wert->AlsInt64(), richtung);
+    if (p) txtPotenz_->setText(q(ZahlFormat(Decimal(int64_t(p)))));  // nothing beyond the ends
 }
 
 void frmLucasLehmer::StartStop() {
