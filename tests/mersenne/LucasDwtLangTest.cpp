@@ -11,6 +11,7 @@ namespace sw::test {
 namespace {
 
 TEST(LucasDwtLang, EveryExponentFrom86000To87000) {
+    // Minutes of CPU: kept out of the everyday run (and CI), run on request before a release.
     if (!std::getenv("SW_LANGE_TESTS")) GTEST_SKIP() << "nur mit SW_LANGE_TESTS=1";
     for (uint32_t p = 86001; p < 87000; p += 2) {
         bool prim = true;

@@ -14,6 +14,7 @@ namespace {
 class LucasLang : public SwTest {};
 
 TEST_F(LucasLang, LargeMersenneExponents) {
+    // Minutes of CPU: kept out of the everyday run (and CI), run on request before a release.
     if (!std::getenv("SW_LANGE_TESTS")) GTEST_SKIP() << "nur mit SW_LANGE_TESTS=1";
     const std::pair<uint32_t, bool> faelle[] = {{9689, true},   {9697, false},  {9941, true},   {11213, true},
                                                 {19937, true},  {21701, true},  {21713, false}, {23209, true},
