@@ -162,14 +162,9 @@ void verdictListen(const KplLaufDaten& d, const Hyp& n, bool prim, int32_t plus,
     }
 }
 
-KplErgebnis intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
-    KplErgebnis erg;
-    Liste liste(anzeige, erg);
-    int32_t index = 0;
-    if (!StartAusrichten(d.Start, d.StepModus, index)) {
-        liste.Abschluss();
-        return erg;
-    }
+// The two runs below list their verdicts from an aligned start (step index `index`); each says
+// whether its list gets the closing summary (a raster that could not be had has spoken already).
+bool intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige, Liste& liste, KplErgebnis& erg, int32_t index) {
     // The sieve check reads the shared raster between the yields of the whole run.
     std::optional<SekundaerSperre> sperre;
     if (d.Pruefen) {
@@ -186,8 +181,7 @@ KplErgebnis intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
         anzeige.SiebWarten(false);
         if (!gesiebt) {
             // A raster that could not be had has said so; a stop in the sieve is a stopped run.
-            if (Abbruch) liste.Abschluss();
-            return erg;
+            return Abbruch;
         }
         sperre.emplace();
     }
@@ -216,18 +210,10 @@ KplErgebnis intervallLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
         if (gelaufen > d.Intervall) break;
         DoEvents();
     }
-    liste.Abschluss();
-    return erg;
+    return true;
 }
 
-KplErgebnis mersenneLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
-    KplErgebnis erg;
-    Liste liste(anzeige, erg);
-    int32_t index = 0;
-    if (!StartAusrichten(d.Start, d.StepModus, index)) {
-        liste.Abschluss();
-        return erg;
-    }
+bool mersenneLauf(KplLaufDaten& d, KplAnzeige& anzeige, Liste& liste, int32_t index) {
     int64_t p = uint32_t(d.Start[1]);
     int64_t gelaufen = 0;
     while (!Abbruch && p <= KplHoechstExponent) {
@@ -260,8 +246,7 @@ KplErgebnis mersenneLauf(KplLaufDaten& d, KplAnzeige& anzeige) {
         if (gelaufen > d.Intervall) break;
         DoEvents();
     }
-    liste.Abschluss();
-    return erg;
+    return true;
 }
 
 }  // namespace
@@ -407,7 +392,14 @@ SiebUrteil SiebStatus(const Hyp& n) {
 }
 
 KplErgebnis PrimTestKplLauf(KplLaufDaten daten, KplAnzeige& anzeige) {
-    return daten.Mersenne ? mersenneLauf(daten, anzeige) : intervallLauf(daten, anzeige);
+    KplErgebnis erg;
+    Liste liste(anzeige, erg);
+    int32_t index = 0;
+    const bool abschliessen = !StartAusrichten(daten.Start, daten.StepModus, index) ||
+                              (daten.Mersenne ? mersenneLauf(daten, anzeige, liste, index)
+                                              : intervallLauf(daten, anzeige, liste, erg, index));
+    if (abschliessen) liste.Abschluss();
+    return erg;
 }
 
 }  // namespace sw

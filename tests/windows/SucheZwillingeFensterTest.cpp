@@ -17,11 +17,20 @@
 namespace sw::test {
 namespace {
 
+// Every case runs over a primary raster to 100,000 in a freshly opened window.
 class SucheZwillingeFenster : public GuiTest {
 protected:
-    frmSucheZwillinge* Oeffnen() {
-        EXPECT_TRUE(FensterOeffnen("frmSucheZwillinge", -1, nullptr));
-        return Offen<frmSucheZwillinge>();
+    void SetUp() override {
+        GuiTest::SetUp();
+        ASSERT_TRUE(PrimaerLauf(Decimal(100000), MethodeProdukt));
+        ASSERT_TRUE(FensterOeffnen("frmSucheZwillinge", -1, nullptr));
+        f = Offen<frmSucheZwillinge>();
+        ASSERT_NE(f, nullptr);
+        start = Steuer<QLineEdit>(f, "txtStart");
+        intervall = Steuer<QLineEdit>(f, "txtIntervall");
+        go = Steuer<QPushButton>(f, "btnGO");
+        liste = Steuer<QListWidget>(f, "List1");
+        ASSERT_TRUE(start && intervall && go && liste);
     }
     void Klick(QWidget* w) { QTest::mouseClick(w, Qt::LeftButton); }
     QStringList Zeilen(QListWidget* l) {
@@ -29,17 +38,14 @@ protected:
         for (int i = 0; i < l->count(); ++i) z << l->item(i)->text();
         return z;
     }
+    frmSucheZwillinge* f = nullptr;
+    QLineEdit* start = nullptr;
+    QLineEdit* intervall = nullptr;
+    QPushButton* go = nullptr;
+    QListWidget* liste = nullptr;
 };
 
 TEST_F(SucheZwillingeFenster, JedesVerfahrenListetPaare) {
-    ASSERT_TRUE(PrimaerLauf(Decimal(100000), MethodeProdukt));
-    auto* f = Oeffnen();
-    ASSERT_NE(f, nullptr);
-    auto* start = Steuer<QLineEdit>(f, "txtStart");
-    auto* intervall = Steuer<QLineEdit>(f, "txtIntervall");
-    auto* go = Steuer<QPushButton>(f, "btnGO");
-    auto* liste = Steuer<QListWidget>(f, "List1");
-    ASSERT_TRUE(start && intervall && go && liste);
     EXPECT_EQ(go->text(), "Start");
 
     const QString ende = QString::fromStdString(TextP1(1343, "4"));
@@ -72,13 +78,6 @@ TEST_F(SucheZwillingeFenster, JedesVerfahrenListetPaare) {
 }
 
 TEST_F(SucheZwillingeFenster, FalscheEingabenWerdenBenannt) {
-    ASSERT_TRUE(PrimaerLauf(Decimal(100000), MethodeProdukt));
-    auto* f = Oeffnen();
-    ASSERT_NE(f, nullptr);
-    auto* start = Steuer<QLineEdit>(f, "txtStart");
-    auto* intervall = Steuer<QLineEdit>(f, "txtIntervall");
-    auto* go = Steuer<QPushButton>(f, "btnGO");
-    auto* liste = Steuer<QListWidget>(f, "List1");
 
     Steuer<QRadioButton>(f, "optVerfahren", 1)->click();
     EXPECT_TRUE(Steuer<QRadioButton>(f, "optVerfahren", 1)->isChecked());
