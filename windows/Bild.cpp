@@ -75,6 +75,11 @@ void Bild::Malen(const std::function<void(QPainter&)>& malen) {
     update();
 }
 
+void Bild::Bearbeiten(const std::function<void(QImage&)>& bearbeiten) {
+    bearbeiten(flaeche());
+    update();
+}
+
 int Bild::TextBreite(const QString& text) const { return QFontMetrics(font()).horizontalAdvance(text); }
 int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 

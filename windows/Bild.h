@@ -26,6 +26,8 @@ public:
     // Many shapes through one painter: a drawing of half a million cells cannot afford a
     // painter per cell.
     void Malen(const std::function<void(QPainter&)>& malen);
+    // Direct access to the pixels (format RGB32), for drawings of more cells than pixels.
+    void Bearbeiten(const std::function<void(QImage&)>& bearbeiten);
     int TextBreite(const QString& text) const;
     int TextHoehe() const;
 

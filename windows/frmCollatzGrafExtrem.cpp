@@ -247,34 +247,38 @@ void frmCollatzGrafExtrem::zeichnenMitSkala(bool autoSkala) {
     picSkalaUnten_->Leeren();
     rasterZeichnen(laengs, querPx);
 
-    const bool umkehren = chkSwitch_->isChecked(), vonOben = chkVonOben_->isChecked();
+    const bool vonOben = chkVonOben_->isChecked();
     const bool linien = chkTrennLinien_->isChecked() && mass_ >= 1;
-    picAnzeige_->Malen([&](QPainter& p) {
-        // A stretch [a, b) along the bar, at x across, as a rectangle of the picture.
-        const auto rechteck = [&](int x, int a, int b) {
-            if (!umkehren) std::swap(a, b), a = laengs - a, b = laengs - b;
-            return quer ? QRect(a, x, b - a, balken_) : QRect(x, a, balken_, b - a);
-        };
+    const bool kippen = quer ? chkSwitch_->isChecked() : !chkSwitch_->isChecked();
+    const QRgb rgb[4] = {0, farbe[1].rgb(), farbe[2].rgb(), farbe[3].rgb()};
+    picAnzeige_->Bearbeiten([&](QImage& bild) {
+        // Each bar first becomes one colour per pixel along it (later cells over earlier ones,
+        // as drawn in order), then goes into the image pixel by pixel: with more marks than
+        // pixels this costs the marks plus the pixels, not a rectangle per mark.
+        std::vector<uint8_t> farbeJePixel(size_t(std::max(laengs, 0)) + 1);
         int x = 5;
         for (int n = 0; n < anzahl_ && querPx - balken_ >= x; ++n, x += balken_ + 2) {
-            std::string m = marken[size_t(n)];
-            if (vonOben) std::reverse(m.begin(), m.end());
-            // Equal neighbours are one rectangle unless each cell gets its outline.
-            for (size_t i = 0; i < m.size();) {
-                size_t j = i + 1;
-                if (!linien)
-                    while (j < m.size() && m[j] == m[i]) ++j;
-                const int a = int(std::lround(double(i) * mass_));
-                int b = int(std::lround(double(j) * mass_));
+            std::fill(farbeJePixel.begin(), farbeJePixel.end(), uint8_t(0));
+            const std::string& m = marken[size_t(n)];
+            const size_t anzahlMarken = m.size();
+            for (size_t j = 0; j < anzahlMarken; ++j) {
+                const char c = vonOben ? m[anzahlMarken - 1 - j] : m[j];
+                int a = int(std::lround(double(j) * mass_)), b = int(std::lround(double(j + 1) * mass_));
                 if (b <= a) b = a + 1;
-                const QColor& f = m[i] == '!' ? farbe[1] : farbe[2];
-                if (linien) {
-                    p.fillRect(rechteck(x, a, b - 1), f);
-                    p.fillRect(rechteck(x, b - 1, b), farbe[3]);
-                } else {
-                    p.fillRect(rechteck(x, a, b), f);
+                a = std::min(a, laengs);
+                b = std::min(b, laengs + 1);
+                std::fill(farbeJePixel.begin() + a, farbeJePixel.begin() + b, uint8_t(c == '!' ? 1 : 2));
+                if (linien && b > a + 1) farbeJePixel[size_t(b - 1)] = 3;
+            }
+            for (int a = 0; a <= laengs; ++a) {
+                const uint8_t f = farbeJePixel[size_t(a)];
+                if (!f) continue;
+                const int laengsPx = kippen ? laengs - 1 - a : a;
+                for (int quer0 = x; quer0 < x + balken_; ++quer0) {
+                    const int px = quer ? laengsPx : quer0, py = quer ? quer0 : laengsPx;
+                    if (px >= 0 && py >= 0 && px < bild.width() && py < bild.height())
+                        reinterpret_cast<QRgb*>(bild.scanLine(py))[px] = rgb[f];
                 }
-                i = j;
             }
         }
     });
@@ -285,12 +289,13 @@ void frmCollatzGrafExtrem::rasterZeichnen(int laengs, int querPx) {
     const QStringList teile = txtSkala_->text().trimmed().split(',');
     const int gross = teile.value(0).trimmed().toInt();
     const int klein = teile.size() > 1 ? teile.value(1).trimmed().toInt() : 0;
-    const bool quer = chkGrafikQuer_->isChecked(), umkehren = chkSwitch_->isChecked();
+    const bool quer = chkGrafikQuer_->isChecked();
+    const bool kippen = quer ? chkSwitch_->isChecked() : !chkSwitch_->isChecked();
     QColor linie = FarbeQt(HintergrundFarbe(lblCol_[3])), schrift = FarbeQt(HintergrundFarbe(lblCol_[4]));
     // The pixel of a mark count along the bars.
     const auto ort = [&](double wert) {
         const int a = int(std::lround(wert * mass_));
-        return umkehren ? a : laengs - a;
+        return kippen ? laengs - a : a;
     };
     Bild* skala = quer ? picSkalaUnten_ : picSkala_;
     picAnzeige_->Malen([&](QPainter& p) {
