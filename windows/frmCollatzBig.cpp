@@ -73,7 +73,8 @@ frmCollatzBig::frmCollatzBig(QWidget* eltern) : Fenster("frmCollatzBig", eltern)
     connect(hoch, &QToolButton::clicked, this, Sicher([this] { Reduktion(1); }));
     connect(chk3n_1_, &QCheckBox::toggled, this, Sicher([this] { rechteSeiteBeschriften(); }));
     resize(900, 600);
-    FensterLaden(QString::fromStdString(AktivesFenster), "T");
+    IconsAufbauen("");  // print, save (TXT, CSV), photo, calculator, close
+    FensterLaden(QString::fromStdString(AktivesFenster));
     label1Text_ = label1_->text();
     ruheText_ = btnGO_->text();
     rechteSeiteBeschriften();

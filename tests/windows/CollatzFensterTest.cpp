@@ -3,6 +3,9 @@
 // bars, the table opens through the registry with the settings handed over, and the big start
 // window shows both walks wrapped, 3n - 1 ending in its cycle.
 #include <QCheckBox>
+#include <QToolButton>
+#include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -13,6 +16,7 @@
 #include "arith/basHyper.h"
 #include "collatz/basCollatz.h"
 #include "windows/Bild.h"
+#include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
@@ -21,6 +25,14 @@ namespace sw::test {
 namespace {
 
 class CollatzFenster : public GuiTest {};
+
+int iconIndex(QWidget* f, const char* tag) {
+    for (int i = 0;; ++i) {
+        auto* knopf = Steuer<QToolButton>(f, "btnIcon", i);
+        if (!knopf) return -1;
+        if (knopf->property("tag").toString() == tag) return i;
+    }
+}
 
 TEST_F(CollatzFenster, BalkenTooltipNavigationUndTabelle) {
     ASSERT_TRUE(FensterOeffnen("frmCollatzGrafExtrem", -1, nullptr));
@@ -63,6 +75,12 @@ TEST_F(CollatzFenster, BalkenTooltipNavigationUndTabelle) {
     Steuer<QPushButton>(f, "btnGO")->click();
     EXPECT_TRUE(ui.meldungen.empty());
     EXPECT_EQ(bild->Abbild().pixelColor(11, fuss), bild->Hintergrund());
+
+    // The toolbar's photo saves the bars as PNG.
+    const QString bildDatei = QString::fromStdString(Ordner()) + "balken.png";
+    DateiDialogHook = [&](const DateiAnfrage&) { return std::optional<QString>(bildDatei); };
+    f->IconAktion(iconIndex(f, "Foto"));
+    EXPECT_EQ(QImage(bildDatei).size(), bild->Abbild().size());
 
     // The table gets the settings of this window through the shared state.
     bool geoeffnet = false;
@@ -110,6 +128,16 @@ TEST_F(CollatzFenster, GrosseStartwerteBeideSeiten) {
         werteZeilen += z.endsWith(';');
     }
     EXPECT_GT(werteZeilen, 10);
+
+    // The toolbar saves both lists; as CSV each row is one quoted record.
+    const QString ziel = QString::fromStdString(Ordner()) + "folge.CSV";
+    DateiDialogHook = [&](const DateiAnfrage&) { return std::optional<QString>(ziel); };
+    f->IconAktion(iconIndex(f, "Save"));
+    QFile datei(ziel);
+    ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
+    const QStringList saetze = QString::fromUtf8(datei.readAll()).split('\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(saetze.size(), links->count() + 1 + rechts->count());
+    EXPECT_EQ(saetze[0], "\"" + links->item(0)->text() + "\"");
     EXPECT_EQ(Steuer<QLabel>(f, "Label1")->text(), "Blöcke");
 }
 
