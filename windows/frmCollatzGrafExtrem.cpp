@@ -329,10 +329,11 @@ void frmCollatzGrafExtrem::rasterZeichnen(int laengs, int querPx) {
     });
     // The start values of the first and the last bar at the foot.
     if (!quer && anzahl_ > 0) {
-        picSkalaUnten_->Text(5, 2, q(Hyp2Anzeige(MpzZuHyp(start_.get()))), schrift);
+        const int links = 5, oben = 2;  // the first bar's edge
+        picSkalaUnten_->Text(links, oben, q(Hyp2Anzeige(MpzZuHyp(start_.get()))), schrift);
         const QString letzter = q(Hyp2Anzeige(MpzZuHyp(BalkenWert(start_, schritt_, anzahl_ - 1).get())));
-        picSkalaUnten_->Text(std::max(5, 5 + anzahl_ * (balken_ + 2) - picSkalaUnten_->TextBreite(letzter)), 2, letzter,
-                             schrift);
+        const int x = std::max(links, links + anzahl_ * (balken_ + 2) - picSkalaUnten_->TextBreite(letzter));
+        picSkalaUnten_->Text(x, oben, letzter, schrift);
     }
 }
 
