@@ -341,11 +341,16 @@ std::string frmCollatzGrafExtrem::BalkenText(int position) {
     const int index = BalkenIndex(position, balken_);
     if (index < 0 || index >= anzahl_) return "";
     CollatzZahl = MpzZuHyp(BalkenWert(start_, schritt_, index).get());
+    // Rows of 100 characters, at most 20 of them: a tooltip higher than the screen shows nothing.
+    constexpr size_t kZeilen = 20;
+    const std::vector<std::string> zeilen =
+        ZeilenUmbrechen(CollatzZeile(verfahren_, k_), 100, [](const char*, int32_t) { return 1; });
     std::string text;
-    for (const std::string& z : ZeilenUmbrechen(CollatzZeile(verfahren_, k_), 100, [](const char*, int32_t) { return 1; })) {
-        if (!text.empty()) text += "\n";
-        text += z;
+    for (size_t i = 0; i < zeilen.size() && i < kZeilen; ++i) {
+        if (i > 0) text += "\n";
+        text += zeilen[i];
     }
+    if (zeilen.size() > kZeilen) text += " ...";
     return text;
 }
 
