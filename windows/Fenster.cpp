@@ -487,7 +487,7 @@ void Fenster::listeSpeichern() {
         MsgInfo(1104);
         return;
     }
-    std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT)", ".TXT");
+    std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT);;*.CSV (*.CSV)", ".TXT");
     if (!pfad) return;
     QFile datei(*pfad);
     if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
@@ -495,7 +495,15 @@ void Fenster::listeSpeichern() {
         return;
     }
     QTextStream aus(&datei);
-    for (const QString& zeile : *zeilen) aus << zeile << '\n';
+    // CSV: one record per row, quoted, since rows of values carry the separator ";" themselves.
+    const bool csv = QFileInfo(*pfad).suffix().compare("CSV", Qt::CaseInsensitive) == 0;
+    for (const QString& zeile : *zeilen) {
+        if (csv) {
+            aus << '"' << QString(zeile).replace('"', "\"\"") << "\"\n";
+        } else {
+            aus << zeile << '\n';
+        }
+    }
     aus.flush();
     if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
 }

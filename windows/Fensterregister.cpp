@@ -6,6 +6,8 @@
 
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
+#include "windows/frmCollatzBig.h"
+#include "windows/frmCollatzGrafExtrem.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
@@ -57,6 +59,8 @@ std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
+        {"frmCollatzBig", modeless<frmCollatzBig>()},
+        {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
