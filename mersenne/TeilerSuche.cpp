@@ -125,8 +125,11 @@ TeilerFund TeilerSuche::TeilerSuchen(uint64_t KGeprueft, uint64_t KZiel, const T
             }
         }
         if (fund.ergebnis == TeilerErgebnis::Gefunden) return fund;
-        if (j + kSegment <= KZiel / 12 && weiter && !weiter(12 * (j + kSegment))) {
+        // Every class has passed all k below 12 (j + kSegment): that much is settled.
+        const uint64_t erreicht = 12 * (j + kSegment) - 1;
+        if (erreicht < KZiel && weiter && !weiter(erreicht)) {
             fund.ergebnis = TeilerErgebnis::Abgebrochen;
+            fund.k = erreicht;
             return fund;
         }
     }

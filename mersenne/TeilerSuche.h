@@ -20,11 +20,11 @@ enum class TeilerErgebnis { Keiner, Gefunden, Abgebrochen };
 
 struct TeilerFund {
     TeilerErgebnis ergebnis = TeilerErgebnis::Keiner;
-    uint64_t k = 0;  // of the divisor found
-    Zahl128 q = 0;   // 2kp + 1
+    uint64_t k = 0;  // of the divisor found; after a stop, the limit reached (all k up to it tried)
+    Zahl128 q = 0;   // 2kp + 1 of the divisor
 };
 
-// Called between two segments with the k reached so far; false stops the search.
+// Called between two segments with the limit reached so far; false stops the search.
 using TeilerWeiter = std::function<bool(uint64_t k)>;
 
 class TeilerSuche {

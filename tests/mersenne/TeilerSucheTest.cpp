@@ -84,6 +84,9 @@ TEST(TeilerSuche, LargeCandidatesBeyondTheMontgomeryRangeAndAStop) {
     const TeilerFund f = s.TeilerSuchen(100000000, 200000000, [&](uint64_t) { return ++fragen < 2; });
     EXPECT_EQ(f.ergebnis, TeilerErgebnis::Abgebrochen);
     EXPECT_EQ(fragen, 2);
+    // The limit reached is what a stored limit may say: every k up to it was tried.
+    ASSERT_GT(f.k, 100000000u);
+    EXPECT_EQ(s.TeilerSuchen(100000000, f.k).ergebnis, TeilerErgebnis::Keiner);
 }
 
 }  // namespace
