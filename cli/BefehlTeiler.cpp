@@ -12,8 +12,9 @@
 #include "CliUmgebung.h"
 #include "frame/Fortschritt.h"
 #include "frame/Oberflaeche.h"
-#include "frame/Pfade.h"
 #include "mersenne/TeilerLauf.h"
+#include "mersenne/basDB.h"
+#include "sieve/RasterTabellen.h"
 
 namespace sw::cli {
 

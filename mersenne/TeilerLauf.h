@@ -8,10 +8,14 @@
 // that, never leaves half a row, and never moves a limit backwards.
 #pragma once
 
+#include <climits>
 #include <cstdint>
 #include <string>
 
 namespace sw {
+
+// The stored limit is a 32-bit column, so is the limit of a run.
+inline constexpr uint64_t TeilerKZielMax = INT32_MAX;
 
 struct TeilerLaufAuftrag {
     uint32_t von = 3;           // first exponent (moved up to a prime)

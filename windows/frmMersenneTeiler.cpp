@@ -1,0 +1,1 @@
+#include "windows/frmMersenneTeiler.h"
