@@ -73,7 +73,6 @@ public:
         for (uint64_t stueck = a_.von; stueck <= bis && !ende_; stueck += kStueck) {
             primzahlenIn(uint32_t(stueck), uint32_t(std::min<uint64_t>(bis, stueck + kStueck - 1)), primzahlen);
             for (uint32_t p : primzahlen) {
-                if (p < 3) continue;  // 2^2 - 1 = 3 has no odd exponent's divisors to search
                 Exponent(p);
                 t.FestschreibenNach(kFestschreibenSekunden);
                 if (!ende_) nachgeben(p, 0);
