@@ -11,6 +11,7 @@
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
+#include "windows/frmMersenneTeiler.h"
 #include "windows/frm2P_1.h"
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
@@ -60,6 +61,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
+        {"frmMersenneTeiler", modeless<frmMersenneTeiler>()},
         {"frm2P_1", modeless<frm2P_1>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
