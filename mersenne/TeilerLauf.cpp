@@ -17,7 +17,10 @@ namespace sw {
 
 namespace {
 
-constexpr double kYieldSekunden = 0.02;       // the window stays responsive, the CLI sees Ctrl-C
+// The window stays responsive and the CLI sees Ctrl-C: a yield after every segment of a long
+// exponent (a few milliseconds each), else every kYieldSekunden or kYieldExponenten exponents.
+constexpr double kYieldSekunden = 0.02;
+constexpr uint32_t kYieldExponenten = 64;
 constexpr double kFestschreibenSekunden = 0.5;
 constexpr uint32_t kStueck = 1u << 20;        // exponents sieved at a time
 
@@ -140,12 +143,13 @@ private:
         }
     }
 
-    // The yield, at most every kYieldSekunden; false (and the run ends) on Abbruch or when the
-    // yield threw.
+    // The yield (k = 0 between exponents, else the k reached); false (and the run ends) on
+    // Abbruch or when the yield threw.
     bool nachgeben(uint32_t p, uint64_t k) {
         if (ende_) return false;
         const double jetzt = Timer();
-        if (jetzt - gegeben_ < kYieldSekunden) return true;
+        if (k == 0 && ++seitYield_ < kYieldExponenten && jetzt - gegeben_ < kYieldSekunden) return true;
+        seitYield_ = 0;
         gegeben_ = jetzt;
         if (anzeige_ != nullptr) {
             if (k > 0) anzeige_->Stand(p, k);
@@ -187,6 +191,7 @@ private:
     TeilerStatistik statistik_;
     uint32_t intervall_ = UINT32_MAX;
     double gegeben_ = Timer();
+    uint32_t seitYield_ = 0;
     bool ende_ = false;
 };
 
