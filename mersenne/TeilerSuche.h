@@ -9,7 +9,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <vector>
 
 #include "mersenne/ZweierPotenz.h"
@@ -28,6 +27,9 @@ struct TeilerFund {
 using TeilerWeiter = std::function<bool(uint64_t k)>;
 
 class TeilerSuche {
+    // Four classes for every p but 3, where no q is divisible by 3 and six remain.
+    static constexpr int kKlassenMax = 6;
+
 public:
     // p an odd prime below 2^31.
     explicit TeilerSuche(uint32_t p);
@@ -44,7 +46,7 @@ private:
     // q = 2(KRest + 12 j)p + 1.
     struct KleinPrim {
         uint32_t r;
-        uint32_t start[4];
+        uint32_t start[kKlassenMax];
     };
     void KleinPrimTabelle(uint64_t breite);
     // Sieves class klasse over j in [jVon, jBis) and appends the surviving k.
@@ -53,7 +55,7 @@ private:
     uint32_t p_;
     Zahl128 Schritt2P;                // q = 1 + k * Schritt2P
     int klassen_ = 0;
-    uint32_t KRest[4];                // the residues of k mod 12 that can give a divisor
+    uint32_t KRest[kKlassenMax];      // the residues of k mod 12 that can give a divisor
     std::vector<KleinPrim> tabelle_;  // the first KleinPrimAnzahl rows are in use
     size_t KleinPrimAnzahl = 0;
     std::vector<uint64_t> ausnahmen_; // k whose q is itself a sieving prime: never struck

@@ -6,7 +6,7 @@ namespace sw {
 
 namespace {
 
-constexpr size_t kSpuren = 4;  // candidates side by side; more gave nothing on two cores' worth of ports
+constexpr size_t kSpuren = 4;  // candidates side by side: enough to cover the latency of a product chain
 
 // q^-1 mod 2^64 by Newton's iteration; q is its own inverse to 3 bits, each step doubles them.
 inline uint64_t inverse64(uint64_t q) {

@@ -40,7 +40,9 @@ std::vector<uint64_t> alleK(uint32_t p, uint64_t kVon, uint64_t kZiel) {
 }
 
 TEST(TeilerSuche, KnownFactorsIncludingSievingPrimesAndTheLimits) {
-    // 23 | M11 (k = 1, q itself a sieving prime), 47 | M23, 233, 1103, 2089 | M29.
+    // 7 = M3 (six classes of k there), 23 | M11 (k = 1, q itself a sieving prime), 47 | M23,
+    // 233, 1103, 2089 | M29.
+    EXPECT_EQ(alleK(3, 0, 1000), std::vector<uint64_t>{1});
     EXPECT_EQ(alleK(11, 0, 1), std::vector<uint64_t>{1});
     EXPECT_EQ(alleK(23, 0, 100), std::vector<uint64_t>{1});
     EXPECT_EQ(alleK(29, 0, 100), (std::vector<uint64_t>{4, 19, 36}));
