@@ -25,6 +25,9 @@ void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // lucas: the Lucas-Lehmer test of 2^P - 1 by one of four methods, with checkpoints.
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// db: the Mersenne database (import, show, stats, merge).
+void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
 void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
