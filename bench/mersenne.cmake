@@ -5,3 +5,7 @@ sw_add_bench(sw_bench_mersenne
   ${CMAKE_CURRENT_LIST_DIR}/mersenne_lucas.cpp
   ${CMAKE_CURRENT_LIST_DIR}/mersenne_karatsuba.cpp
 )
+
+# The database's read and write of one exponent against a bare SQLite upsert, same run.
+sw_add_bench(sw_bench_mersenne_db ${CMAKE_CURRENT_LIST_DIR}/mersenne_db.cpp)
+target_link_libraries(sw_bench_mersenne_db PRIVATE SQLite::SQLite3)

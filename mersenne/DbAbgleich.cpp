@@ -115,10 +115,10 @@ AbgleichBericht DbZusammenfuehren(const std::string& fremderOrdner) {
             PrimZeile fremd;
             fremd.vorhanden = true;
             fremd.mersenne = int32_t(zeilen.Zahl(1));
-            fremd.teiler = zeilen.IstNull(2) ? "0" : zeilen.Text(2);
+            fremd.teiler = zeilen.IstNull(2) ? "0" : zeilen.Textwert(2);
             fremd.teilerPot = int32_t(zeilen.Zahl(3));
-            fremd.faktorS = zeilen.Text(4);
-            fremd.zeitstempel = zeilen.Text(5);
+            fremd.faktorS = zeilen.Textwert(4);
+            fremd.zeitstempel = zeilen.Textwert(5);
             ++b.zeilen;
             zeileAbgleichen(int32_t(p), fremd, b);
             t.FestschreibenNach();

@@ -34,15 +34,15 @@ void DbSchemaPruefen(sqlite3* db, const std::string& pfad) {
     };
     DbAnweisung tabellen(db, pfad, "SELECT name FROM sqlite_master WHERE type = 'table'");
     std::set<std::string> namen;
-    while (tabellen.Schritt()) namen.insert(tabellen.Text(0));
+    while (tabellen.Schritt()) namen.insert(tabellen.Textwert(0));
     if (!namen.count("t_Prim")) fremd("t_Prim fehlt");
     if (!namen.count("t_LastFaktor")) fremd("t_LastFaktor fehlt");
     DbAnweisung spalten(db, pfad, "SELECT name, pk FROM pragma_table_info('t_Prim')");
     std::set<std::string> gefunden;
     bool schluessel = false;
     while (spalten.Schritt()) {
-        gefunden.insert(spalten.Text(0));
-        if (spalten.Text(0) == "Primzahl" && spalten.Zahl(1) == 1) schluessel = true;
+        gefunden.insert(spalten.Textwert(0));
+        if (spalten.Textwert(0) == "Primzahl" && spalten.Zahl(1) == 1) schluessel = true;
     }
     for (const char* s : {"Primzahl", "Mersenne", "Teiler", "TeilerPot", "FaktorS", "TimeStamp"}) {
         if (!gefunden.count(s)) fremd(std::string("Spalte ") + s + " fehlt");
@@ -94,7 +94,7 @@ void DbAnweisung::Zuruecksetzen() {
 
 int64_t DbAnweisung::Zahl(int spalte) const { return sqlite3_column_int64(s_, spalte); }
 
-std::string DbAnweisung::Text(int spalte) const {
+std::string DbAnweisung::Textwert(int spalte) const {
     const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s_, spalte));
     return t != nullptr ? std::string(t, size_t(sqlite3_column_bytes(s_, spalte))) : std::string();
 }

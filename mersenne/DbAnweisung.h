@@ -36,7 +36,7 @@ public:
     bool Schritt();
     void Zuruecksetzen();
     int64_t Zahl(int spalte) const;        // NULL reads 0
-    std::string Text(int spalte) const;    // NULL reads ""
+    std::string Textwert(int spalte) const;  // NULL reads ""
     bool IstNull(int spalte) const;
     void Freigeben();
 

@@ -94,8 +94,8 @@ void verbinden(const std::string& pfad) {
     // WAL: readers never block the search, and a commit is one append; synchronous FULL makes
     // every commit survive a power failure too, at one sync a second.
     DbAnweisung modus(db_, pfad_, "PRAGMA journal_mode = WAL");
-    if (modus.Schritt() && modus.Text(0) != "wal") {
-        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1505, pfad_, "WAL: " + modus.Text(0)));
+    if (modus.Schritt() && modus.Textwert(0) != "wal") {
+        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1505, pfad_, "WAL: " + modus.Textwert(0)));
     }
     ausfuehren("PRAGMA synchronous = FULL");
     lesen_ = DbAnweisung(db_, pfad_,
@@ -134,10 +134,10 @@ PrimZeile zeileHolen(int32_t p) {
     if (!lesen_.Schritt()) return z;
     z.vorhanden = true;
     z.mersenne = int32_t(lesen_.Zahl(0));
-    z.teiler = lesen_.IstNull(1) ? "0" : lesen_.Text(1);
+    z.teiler = lesen_.IstNull(1) ? "0" : lesen_.Textwert(1);
     z.teilerPot = int32_t(lesen_.Zahl(2));
-    z.faktorS = lesen_.Text(3);
-    z.zeitstempel = lesen_.Text(4);
+    z.faktorS = lesen_.Textwert(3);
+    z.zeitstempel = lesen_.Textwert(4);
     lesen_.Zuruecksetzen();
     return z;
 }
@@ -453,7 +453,7 @@ void ZaehleFaktorklasse(int32_t von, int32_t bis, const std::string& auswahl, in
                 continue;
             }
             // k mod 4 is decided by its last two digits, as 100 is a multiple of 4.
-            const std::string k = a.Text(0);
+            const std::string k = a.Textwert(0);
             int letzte = 0;
             for (size_t i = k.size() >= 2 ? k.size() - 2 : 0; i < k.size(); ++i) {
                 if (k[i] < '0' || k[i] > '9') break;
