@@ -27,6 +27,9 @@ void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // divisors: the divisor search of 2^p - 1 over a range of exponents, into the database.
 void TeilerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// db: the Mersenne database (import, show, stats, merge).
+void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
 void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 

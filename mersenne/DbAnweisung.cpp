@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <set>
 #include <utility>
 
 #include "frame/Laufzeitfehler.h"
@@ -25,6 +26,28 @@ void DbFehlerWerfen(int rc, sqlite3* db, const std::string& pfad) {
         default: key = 1505; break;
     }
     throw Laufzeitfehler(DbFehlerNummer, TextP1P2(key, pfad, engine));
+}
+
+void DbSchemaPruefen(sqlite3* db, const std::string& pfad) {
+    const auto fremd = [&](const std::string& grund) {
+        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1502, pfad, grund));
+    };
+    DbAnweisung tabellen(db, pfad, "SELECT name FROM sqlite_master WHERE type = 'table'");
+    std::set<std::string> namen;
+    while (tabellen.Schritt()) namen.insert(tabellen.Textwert(0));
+    if (!namen.count("t_Prim")) fremd("t_Prim fehlt");
+    if (!namen.count("t_LastFaktor")) fremd("t_LastFaktor fehlt");
+    DbAnweisung spalten(db, pfad, "SELECT name, pk FROM pragma_table_info('t_Prim')");
+    std::set<std::string> gefunden;
+    bool schluessel = false;
+    while (spalten.Schritt()) {
+        gefunden.insert(spalten.Textwert(0));
+        if (spalten.Textwert(0) == "Primzahl" && spalten.Zahl(1) == 1) schluessel = true;
+    }
+    for (const char* s : {"Primzahl", "Mersenne", "Teiler", "TeilerPot", "FaktorS", "TimeStamp"}) {
+        if (!gefunden.count(s)) fremd(std::string("Spalte ") + s + " fehlt");
+    }
+    if (!schluessel) fremd("Primzahl ist nicht der Schlüssel");
 }
 
 DbAnweisung::DbAnweisung(sqlite3* db, const std::string& pfad, const char* sql) : db_(db), pfad_(pfad) {
@@ -71,7 +94,7 @@ void DbAnweisung::Zuruecksetzen() {
 
 int64_t DbAnweisung::Zahl(int spalte) const { return sqlite3_column_int64(s_, spalte); }
 
-std::string DbAnweisung::Text(int spalte) const {
+std::string DbAnweisung::Textwert(int spalte) const {
     const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s_, spalte));
     return t != nullptr ? std::string(t, size_t(sqlite3_column_bytes(s_, spalte))) : std::string();
 }

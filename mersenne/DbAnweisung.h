@@ -15,6 +15,10 @@ namespace sw {
 // disk full, cannot open, or the engine's own words for anything else.
 [[noreturn]] void DbFehlerWerfen(int rc, sqlite3* db, const std::string& pfad);
 
+// Refuses (Laufzeitfehler, text 1502) a database whose tables are not t_Prim with its columns,
+// Primzahl as the key, and t_LastFaktor. Reads only.
+void DbSchemaPruefen(sqlite3* db, const std::string& pfad);
+
 class DbAnweisung {
 public:
     DbAnweisung() = default;
@@ -32,7 +36,7 @@ public:
     bool Schritt();
     void Zuruecksetzen();
     int64_t Zahl(int spalte) const;        // NULL reads 0
-    std::string Text(int spalte) const;    // NULL reads ""
+    std::string Textwert(int spalte) const;  // NULL reads ""
     bool IstNull(int spalte) const;
     void Freigeben();
 

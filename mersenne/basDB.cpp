@@ -9,7 +9,6 @@
 #include <exception>
 #include <filesystem>
 #include <random>
-#include <set>
 #include <vector>
 
 #include "arith/HypText.h"
@@ -62,39 +61,21 @@ void verbindungSchliessen() {
     transaktionOffen_ = false;
 }
 
-// Refuses a file whose tables are not ours; a file without any table is new and gets the
-// schema. Nothing is changed in a refused file.
+// A file without any table is new and gets the schema; any other must be ours (DbSchemaPruefen).
 void schemaPruefen() {
-    DbAnweisung tabellen(db_, pfad_, "SELECT name FROM sqlite_master WHERE type = 'table'");
-    std::set<std::string> namen;
-    while (tabellen.Schritt()) namen.insert(tabellen.Text(0));
-    if (namen.empty()) {
-        ausfuehren("BEGIN IMMEDIATE");
-        try {
-            ausfuehren(kSchema);
-            ausfuehren("COMMIT");
-        } catch (...) {
-            sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-            throw;
-        }
+    DbAnweisung tabellen(db_, pfad_, "SELECT Count(*) FROM sqlite_master");
+    if (tabellen.Schritt() && tabellen.Zahl(0) > 0) {
+        DbSchemaPruefen(db_, pfad_);
         return;
     }
-    const auto fremd = [](const std::string& grund) {
-        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1502, pfad_, grund));
-    };
-    if (!namen.count("t_Prim")) fremd("t_Prim fehlt");
-    if (!namen.count("t_LastFaktor")) fremd("t_LastFaktor fehlt");
-    DbAnweisung spalten(db_, pfad_, "SELECT name, pk FROM pragma_table_info('t_Prim')");
-    std::set<std::string> gefunden;
-    bool schluessel = false;
-    while (spalten.Schritt()) {
-        gefunden.insert(spalten.Text(0));
-        if (spalten.Text(0) == "Primzahl" && spalten.Zahl(1) == 1) schluessel = true;
+    ausfuehren("BEGIN IMMEDIATE");
+    try {
+        ausfuehren(kSchema);
+        ausfuehren("COMMIT");
+    } catch (...) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
     }
-    for (const char* s : {"Primzahl", "Mersenne", "Teiler", "TeilerPot", "FaktorS", "TimeStamp"}) {
-        if (!gefunden.count(s)) fremd(std::string("Spalte ") + s + " fehlt");
-    }
-    if (!schluessel) fremd("Primzahl ist nicht der Schlüssel");
 }
 
 void verbinden(const std::string& pfad) {
@@ -113,8 +94,8 @@ void verbinden(const std::string& pfad) {
     // WAL: readers never block the search, and a commit is one append; synchronous FULL makes
     // every commit survive a power failure too, at one sync a second.
     DbAnweisung modus(db_, pfad_, "PRAGMA journal_mode = WAL");
-    if (modus.Schritt() && modus.Text(0) != "wal") {
-        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1505, pfad_, "WAL: " + modus.Text(0)));
+    if (modus.Schritt() && modus.Textwert(0) != "wal") {
+        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1505, pfad_, "WAL: " + modus.Textwert(0)));
     }
     ausfuehren("PRAGMA synchronous = FULL");
     lesen_ = DbAnweisung(db_, pfad_,
@@ -153,10 +134,10 @@ PrimZeile zeileHolen(int32_t p) {
     if (!lesen_.Schritt()) return z;
     z.vorhanden = true;
     z.mersenne = int32_t(lesen_.Zahl(0));
-    z.teiler = lesen_.IstNull(1) ? "0" : lesen_.Text(1);
+    z.teiler = lesen_.IstNull(1) ? "0" : lesen_.Textwert(1);
     z.teilerPot = int32_t(lesen_.Zahl(2));
-    z.faktorS = lesen_.Text(3);
-    z.zeitstempel = lesen_.Text(4);
+    z.faktorS = lesen_.Textwert(3);
+    z.zeitstempel = lesen_.Textwert(4);
     lesen_.Zuruecksetzen();
     return z;
 }
@@ -194,31 +175,36 @@ void schreibRahmen(F&& f) {
     festschreibenOffen();
 }
 
+// Stores z as p's row; the caller runs it inside schreibRahmen.
+void zeileAblegen(int32_t p, const PrimZeile& z, bool neu) {
+    schreiben_.Zuruecksetzen();
+    schreiben_.Binden(1, p);
+    schreiben_.Binden(2, z.mersenne);
+    schreiben_.Binden(3, z.teiler);
+    schreiben_.Binden(4, z.teilerPot);
+    schreiben_.BindenOderNull(5, z.faktorS);
+    schreiben_.BindenOderNull(6, z.zeitstempel);
+    schreiben_.Schritt();
+    schreiben_.Zuruecksetzen();
+    if (neu) ++DbAnzahlGesamt;
+}
+
 bool schreiben(int32_t p, int32_t mersenne, const std::string& teiler, int32_t teilerPot, bool import) {
     bool gewechselt;
     segmentSicherstellen(p, gewechselt);
     schreibRahmen([&] {
         const PrimZeile alt = zeileHolen(p);
-        std::string faktorS = alt.faktorS;
-        if (teiler != "0" && teiler.find('x') == std::string::npos) faktorS = FaktorK(teiler, p);
-        std::string stempel;
+        PrimZeile z = alt;
+        z.mersenne = mersenne;
+        z.teiler = teiler;
+        z.teilerPot = teilerPot;
+        if (teiler != "0" && teiler.find('x') == std::string::npos) z.faktorS = FaktorK(teiler, p);
         if (import) {
-            stempel = ZufallsZeitstempel(2008);
+            z.zeitstempel = ZufallsZeitstempel(2008);
         } else if (!alt.vorhanden || TeilerPotWert(alt.teilerPot) != teilerPot) {
-            stempel = jetzt();
-        } else {
-            stempel = alt.zeitstempel;
+            z.zeitstempel = jetzt();
         }
-        schreiben_.Zuruecksetzen();
-        schreiben_.Binden(1, p);
-        schreiben_.Binden(2, mersenne);
-        schreiben_.Binden(3, teiler);
-        schreiben_.Binden(4, teilerPot);
-        schreiben_.BindenOderNull(5, faktorS);
-        schreiben_.BindenOderNull(6, stempel);
-        schreiben_.Schritt();
-        schreiben_.Zuruecksetzen();
-        if (!alt.vorhanden) ++DbAnzahlGesamt;
+        zeileAblegen(p, z, !alt.vorhanden);
     });
     return gewechselt;
 }
@@ -362,6 +348,13 @@ bool PrimSchreibenImport(int32_t p, int32_t mersenne, const std::string& teiler,
     return schreiben(p, mersenne, teiler, teilerPot, true);
 }
 
+bool PrimZeileSchreiben(int32_t p, const PrimZeile& z) {
+    bool gewechselt;
+    segmentSicherstellen(p, gewechselt);
+    schreibRahmen([&] { zeileAblegen(p, z, !zeileHolen(p).vorhanden); });
+    return gewechselt;
+}
+
 // ---- values ---------------------------------------------------------------------------------
 
 int64_t TeilerPotWert(int32_t v) {
@@ -460,7 +453,7 @@ void ZaehleFaktorklasse(int32_t von, int32_t bis, const std::string& auswahl, in
                 continue;
             }
             // k mod 4 is decided by its last two digits, as 100 is a multiple of 4.
-            const std::string k = a.Text(0);
+            const std::string k = a.Textwert(0);
             int letzte = 0;
             for (size_t i = k.size() >= 2 ? k.size() - 2 : 0; i < k.size(); ++i) {
                 if (k[i] < '0' || k[i] > '9') break;
@@ -473,8 +466,7 @@ void ZaehleFaktorklasse(int32_t von, int32_t bis, const std::string& auswahl, in
 
 // ---- found divisors -------------------------------------------------------------------------
 
-namespace {
-bool stehtInListe(const std::string& liste, const std::string& q) {
+bool TeilerInListe(const std::string& liste, const std::string& q) {
     size_t anfang = 0;
     while (anfang <= liste.size()) {
         const size_t ende = std::min(liste.find('x', anfang), liste.size());
@@ -483,13 +475,12 @@ bool stehtInListe(const std::string& liste, const std::string& q) {
     }
     return false;
 }
-}  // namespace
 
 bool TeilerEintragen(TeilerFenster& fenster, const std::string& q, int32_t e) {
     int32_t mersenne, pot;
     std::string teiler;
     PrimLesen(e, mersenne, teiler, pot);
-    if (stehtInListe(teiler, q)) return false;
+    if (TeilerInListe(teiler, q)) return false;
     // The whole list is kept: a divisor cut off at some length would be counted but lost.
     if (mersenne != 0 && teiler != "0") {
         ++fenster.NewFaktor;

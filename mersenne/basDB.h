@@ -97,6 +97,10 @@ bool PrimSchreiben(int32_t p, int32_t mersenne, const std::string& teiler, int32
 // The same for imported rows: TimeStamp is always ZufallsZeitstempel(2008).
 bool PrimSchreibenImport(int32_t p, int32_t mersenne, const std::string& teiler, int32_t teilerPot);
 
+// Stores the row exactly as given (FaktorS and time stamp included), creating it when missing
+// (DbAnzahlGesamt + 1): the write of a merge, which decides every field itself.
+bool PrimZeileSchreiben(int32_t p, const PrimZeile& z);
+
 // The plain limit of a stored TeilerPot: 10..99 is the short form (last digit) * 10^(first
 // digit), every other value stands for itself. A code beyond the 32-bit range (93..99) is an
 // overflow (6) with a message, never a wrapped value.
@@ -137,6 +141,9 @@ int64_t ZaehleWo(const DbBedingung& bedingung);
 // digit followed by L.
 void ZaehleFaktorklasse(int32_t von, int32_t bis, const std::string& auswahl, int64_t& anzahlPrim,
                         int64_t& treffer);
+
+// Whether q is one of the divisors of an "x" list (a whole element, not a part of one).
+bool TeilerInListe(const std::string& liste, const std::string& q);
 
 // The window side of a found divisor: its list, its two counters and its status line.
 class TeilerFenster {
