@@ -87,7 +87,7 @@ TEST_F(TeilerCli, FindsTheSmallestFactorsAndRefusesBadRanges) {
     l = Starten("divisors --from 59 --to 59 --k 2000");
     EXPECT_EQ(l.aus.substr(0, l.aus.find('\n')), "179951 divides 2^59-1");
 
-    l = Starten("divisors --from 100000123 --to 100000123 --k 12 --db sub");
+    l = Starten("divisors --from 100000123 --to 100000123 --k 12 --db " + Ordner() + "/neu");
     EXPECT_EQ(l.aus.substr(0, l.aus.find('\n')), "2400002953 divides 2^100000123-1");
 
     Abgelehnt("divisors --from 100 --to 10 --k 5", "--from");
