@@ -5,3 +5,11 @@ sw_add_bench(sw_bench_mersenne
   ${CMAKE_CURRENT_LIST_DIR}/mersenne_lucas.cpp
   ${CMAKE_CURRENT_LIST_DIR}/mersenne_karatsuba.cpp
 )
+
+# The divisor search at p near 10^8 against a plain unsieved Montgomery loop over the same k
+# (target: 10x the k per second). bench/teiler_lauf.sh times sw-cli divisors over a range.
+sw_add_bench(sw_bench_teiler ${CMAKE_CURRENT_LIST_DIR}/mersenne_teiler.cpp)
+
+# The database's read and write of one exponent against a bare SQLite upsert, same run.
+sw_add_bench(sw_bench_mersenne_db ${CMAKE_CURRENT_LIST_DIR}/mersenne_db.cpp)
+target_link_libraries(sw_bench_mersenne_db PRIVATE SQLite::SQLite3)

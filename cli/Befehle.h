@@ -24,6 +24,11 @@ void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // lucas: the Lucas-Lehmer test of 2^P - 1 by one of four methods, with checkpoints.
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// divisors: the divisor search of 2^p - 1 over a range of exponents, into the database.
+void TeilerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
+// db: the Mersenne database (import, show, stats, merge).
+void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // collatz and collatz-count: one walk of any start, and the counts of a range of starts.
 void CollatzBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);

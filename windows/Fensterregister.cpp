@@ -13,11 +13,15 @@
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
+#include "windows/frmMersenneTeiler.h"
+#include "windows/frmMersSystem.h"
+#include "windows/frmMersTeilerSpez.h"
 #include "windows/frm2P_1.h"
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmSucheZwillinge.h"
+#include "windows/frmSync.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -64,12 +68,16 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
+        {"frmMersenneTeiler", modeless<frmMersenneTeiler>()},
+        {"frmMersSystem", modeless<frmMersSystem>()},
+        {"frmMersTeilerSpez", modeless<frmMersTeilerSpez>()},
         {"frm2P_1", modeless<frm2P_1>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
+        {"frmSync", modal<frmSync>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;

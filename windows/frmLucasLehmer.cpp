@@ -1,6 +1,5 @@
 #include "windows/frmLucasLehmer.h"
 
-#include <QAbstractSpinBox>
 #include <QButtonGroup>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -12,8 +11,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include <functional>
-
 #include "frame/Meldungen.h"
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
@@ -21,29 +18,13 @@
 #include "mersenne/MersenneWert.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
+#include "windows/UpDown.h"
 
 namespace sw {
 
 namespace {
 
 QString q(const std::string& s) { return QString::fromStdString(s); }
-
-// UpDown: only the two arrows; a step asks the window for the next value.
-class UpDown : public QAbstractSpinBox {
-public:
-    UpDown(QWidget* eltern, std::function<void(int)> schritt) : QAbstractSpinBox(eltern), schritt_(std::move(schritt)) {
-        setFixedWidth(22);
-        setButtonSymbols(QAbstractSpinBox::UpDownArrows);
-        lineEdit()->setReadOnly(true);
-    }
-    void stepBy(int n) override { schritt_(n); }
-
-protected:
-    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
-
-private:
-    std::function<void(int)> schritt_;
-};
 
 // In the frames, lblTest(1) is the label of the running test: it is the one that flashes.
 constexpr int kLabelImRahmen[3] = {0, 2, 1};

@@ -1,0 +1,163 @@
+// sw-cli divisors: the refusals, and a search killed without warning over and over. After
+// every kill the database must open, hold only whole rows whose divisors divide (checked by
+// GMP) and whose limits never went back; the run that finally completes must leave exactly
+// the table of a run that was never interrupted.
+#include <gmp.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <fcntl.h>
+#include <map>
+#include <random>
+#include <thread>
+
+#include "CliBasis.h"
+
+namespace sw::test {
+namespace {
+
+class TeilerCli : public CliBasis {};
+
+struct Zeile {
+    int mersenne = -1;
+    std::string teiler, faktorS;
+    long long pot = -1;
+    bool operator==(const Zeile&) const = default;
+};
+using Tabelle = std::map<long long, Zeile>;
+
+// The table as another program sees it; a NULL reads as "<null>". Fails the test when the file
+// does not open or its integrity check does not say "ok".
+Tabelle lesen(const std::string& datei) {
+    Tabelle t;
+    sqlite3* db = nullptr;
+    EXPECT_EQ(sqlite3_open(datei.c_str(), &db), SQLITE_OK) << datei;
+    auto text = [](sqlite3_stmt* s, int i) {
+        const unsigned char* c = sqlite3_column_text(s, i);
+        return c == nullptr ? std::string("<null>") : std::string(reinterpret_cast<const char*>(c));
+    };
+    sqlite3_stmt* s = nullptr;
+    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &s, nullptr) == SQLITE_OK && sqlite3_step(s) == SQLITE_ROW) {
+        EXPECT_EQ(text(s, 0), "ok");
+    }
+    sqlite3_finalize(s);
+    EXPECT_EQ(sqlite3_prepare_v2(db, "SELECT Primzahl, Mersenne, Teiler, TeilerPot, FaktorS FROM t_Prim", -1, &s,
+                                 nullptr),
+              SQLITE_OK);
+    while (sqlite3_step(s) == SQLITE_ROW) {
+        Zeile z{sqlite3_column_type(s, 1) == SQLITE_NULL ? -1 : sqlite3_column_int(s, 1), text(s, 2), text(s, 4),
+                sqlite3_column_type(s, 3) == SQLITE_NULL ? -1 : sqlite3_column_int64(s, 3)};
+        t[sqlite3_column_int64(s, 0)] = z;
+    }
+    sqlite3_finalize(s);
+    sqlite3_close(db);
+    return t;
+}
+
+bool teilt(long long p, const std::string& q) {
+    mpz_t m, r, zwei;
+    mpz_inits(m, r, zwei, nullptr);
+    const bool zahl = mpz_set_str(m, q.c_str(), 10) == 0 && mpz_cmp_ui(m, 1) > 0;
+    mpz_set_ui(zwei, 2);
+    if (zahl) mpz_powm_ui(r, zwei, static_cast<unsigned long>(p), m);
+    const bool ja = zahl && mpz_cmp_ui(r, 1) == 0;
+    mpz_clears(m, r, zwei, nullptr);
+    return ja;
+}
+
+TEST_F(TeilerCli, FindsTheSmallestFactorsAndRefusesBadRanges) {
+    Lauf l = Starten("divisors --from 2 --to 100 --k 1000");
+    EXPECT_EQ(l.code, 0) << l.fehler;
+    EXPECT_EQ(l.aus.substr(0, l.aus.find("97-1")),
+              "23 divides 2^11-1\n47 divides 2^23-1\n233 divides 2^29-1\n223 divides 2^37-1\n13367 divides 2^41-1\n"
+              "431 divides 2^43-1\n2351 divides 2^47-1\n6361 divides 2^53-1\n439 divides 2^73-1\n"
+              "2687 divides 2^79-1\n167 divides 2^83-1\n11447 divides 2^");
+    // Mersenne prime exponents are settled without a search; a second run has nothing to do.
+    const Tabelle t = lesen(Ordner() + "/Prim.db");
+    EXPECT_EQ(t.at(31), (Zeile{1, "0", "<null>", 1000}));
+    EXPECT_EQ(t.at(29), (Zeile{2, "233", "4", 1000}));
+    EXPECT_EQ(t.at(59), (Zeile{0, "0", "<null>", 1000}));
+    l = Starten("divisors --from 2 --to 100 --k 1000 --json");
+    EXPECT_NE(l.aus.find("\"exponents\":25,\"searched\":0,\"found\":0"), std::string::npos) << l.aus;
+    // A search further up finds the divisor the first one could not reach.
+    l = Starten("divisors --from 59 --to 59 --k 2000");
+    EXPECT_EQ(l.aus.substr(0, l.aus.find('\n')), "179951 divides 2^59-1");
+
+    l = Starten("divisors --from 100000123 --to 100000123 --k 12 --db " + Ordner() + "/neu");
+    EXPECT_EQ(l.aus.substr(0, l.aus.find('\n')), "2400002953 divides 2^100000123-1");
+
+    Abgelehnt("divisors --from 100 --to 10 --k 5", "--from");
+    Abgelehnt("divisors --from 3 --to 3000000000 --k 5", "--to");
+    Abgelehnt("divisors --from 3 --to 10 --k 0", "--k");
+    Abgelehnt("divisors --from 3 --to 10 --k 3000000000", "--k");
+    Abgelehnt("divisors --from 3 --to 10", "--k");
+}
+
+TEST_F(TeilerCli, KilledAtRandomTheSearchLosesNothingAndEndsAsAnUninterruptedRun) {
+    const std::string bereich = "divisors --from 1000000 --to 1060000 --k 40000";
+    const std::string ref = Ordner() + "/ref";
+    ASSERT_EQ(Starten(bereich + " --db " + ref).code, 0);
+    const Tabelle erwartet = lesen(ref + "/Prim.db");
+    ASSERT_GT(erwartet.size(), 2000u);
+
+    const std::string ordner = Ordner() + "/kill";
+    std::mt19937 zufall(20261123);
+    std::uniform_int_distribution<int> warten(15, 120);
+    Tabelle vorher;
+    int mittendrin = 0;
+    for (int runde = 0; runde < 60; ++runde) {
+        const pid_t kind = fork();
+        ASSERT_GE(kind, 0);
+        if (kind == 0) {
+            const int leer = open("/dev/null", O_WRONLY);
+            dup2(leer, 1);
+            dup2(leer, 2);
+            execl(SW_CLI_PFAD, SW_CLI_PFAD, "divisors", "--from", "1000000", "--to", "1060000", "--k", "40000",
+                  "--db", ordner.c_str(), nullptr);
+            _exit(127);
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(warten(zufall)));
+        // Every fifth stop is a Ctrl-C, which must end the run cleanly (130) or find it done.
+        const bool strgC = runde % 5 == 4;
+        kill(kind, strgC ? SIGINT : SIGKILL);
+        int status = 0;
+        waitpid(kind, &status, 0);
+        if (strgC && WIFEXITED(status)) {  // (a signal before the handler stands simply kills)
+            EXPECT_TRUE(WEXITSTATUS(status) == 130 || WEXITSTATUS(status) == 0) << WEXITSTATUS(status);
+        }
+        mittendrin += WIFSIGNALED(status) || (WIFEXITED(status) && WEXITSTATUS(status) == 130);
+
+        const Tabelle jetzt = lesen(ordner + "/Prim.db");
+        for (const auto& [p, z] : jetzt) {
+            ASSERT_TRUE(z.mersenne == 0 || z.mersenne == 2) << p;
+            ASSERT_GT(z.pot, 0) << p;
+            ASSERT_LE(z.pot, 40000) << p;
+            if (z.mersenne == 0) {
+                ASSERT_EQ(z.teiler, "0") << p;
+            }
+            const auto alt = vorher.find(p);
+            if (alt != vorher.end()) {
+                ASSERT_GE(z.pot, alt->second.pot) << "the limit of " << p << " went back";
+                if (alt->second.mersenne == 2) {
+                    ASSERT_EQ(z, alt->second) << p;
+                }
+            }
+            if (z.mersenne == 2 && (alt == vorher.end() || alt->second.mersenne != 2)) {
+                ASSERT_TRUE(teilt(p, z.teiler)) << z.teiler << " does not divide 2^" << p << "-1";
+                ASSERT_EQ(z.teiler, std::to_string(2 * std::stoll(z.faktorS) * p + 1)) << p;
+            }
+        }
+        vorher = jetzt;
+    }
+    EXPECT_GE(mittendrin, 50);
+    const Lauf l = Starten(bereich + " --db " + ordner);
+    ASSERT_EQ(l.code, 0) << l.fehler;
+    EXPECT_EQ(lesen(ordner + "/Prim.db"), erwartet);
+}
+
+}  // namespace
+}  // namespace sw::test
