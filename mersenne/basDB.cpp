@@ -9,7 +9,6 @@
 #include <exception>
 #include <filesystem>
 #include <random>
-#include <vector>
 
 #include "arith/HypText.h"
 #include "frame/Decimal.h"

@@ -17,6 +17,8 @@
 #include <cstdint>
 #include <string>
 
+#include "sieve/RasterTabellen.h"
+
 struct sqlite3;
 
 namespace sw {
@@ -36,7 +38,7 @@ std::string DbOrdner();
 // The file of segment s in the folder: Prim.db for 0, Prim<s>.db above.
 std::string DbDateiName(int32_t segment);
 std::string DbDateiPfad(int32_t segment);
-inline int32_t DbSegment(int64_t p) { return int32_t(p / 200000000); }
+inline int32_t DbSegment(int64_t p) { return int32_t(p / MersenneDbSegment); }
 
 // Opens the file of segment s (creating it with the schema when missing). False, with the
 // reason in DbFehlerText(), when it is locked, read-only, not a database or of a foreign
