@@ -22,15 +22,17 @@ constexpr int kDateiFehler = 75;
 std::mutex planerSperre;
 bool geladen = false;
 
-// Called under the lock. FFTW reads the whole text or refuses it; after a refusal the
-// half-read part is forgotten, which costs nothing here as nothing was planned before.
-void laden() {
-    if (geladen) return;
+// Called under the lock. FFTW reads the whole text or refuses it; after a refusal whatever it
+// half read is forgotten with all it knew: the plans in use stay valid, and new ones are
+// measured again.
+bool lesen() {
     geladen = true;
     std::ifstream f(FftwWeisheitDatei(), std::ios::binary);
-    if (!f) return;
+    if (!f) return false;
     const std::string text((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
-    if (!fftw_import_wisdom_from_string(text.c_str())) fftw_forget_wisdom();
+    if (fftw_import_wisdom_from_string(text.c_str())) return true;
+    fftw_forget_wisdom();
+    return false;
 }
 
 struct FftwFrei {
@@ -41,9 +43,14 @@ struct FftwFrei {
 
 std::string FftwWeisheitDatei() { return ProgrammPfad + "Lucas_FFTW.wis"; }
 
+bool FftwWeisheitLesen() {
+    std::lock_guard<std::mutex> sperre(planerSperre);
+    return lesen();
+}
+
 FftwPlaene FftwPlanen(size_t n, double* reell, fftw_complex* spektrum, bool gruendlich) {
     std::lock_guard<std::mutex> sperre(planerSperre);
-    laden();
+    if (!geladen) lesen();
     const int laenge = int(n);
     FftwPlaene p;
     // FFTW_WISDOM_ONLY gives a plan only when the file holds one of at least this rigour, and

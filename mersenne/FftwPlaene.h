@@ -22,9 +22,13 @@ struct FftwPlaene {
 // ProgrammPfad + "Lucas_FFTW.wis".
 std::string FftwWeisheitDatei();
 
+// Reads the file (the first planning does it by itself): true when FFTW took it. A damaged or
+// foreign file is ignored and left in place.
+bool FftwWeisheitLesen();
+
 // The plans of length n between the two arrays, from the stored search if there is one, else
 // by a brief measurement (gruendlich: by the full search, which may take minutes). The arrays
-// are overwritten. The file is read at the first call; a damaged or foreign file is ignored.
+// are overwritten.
 // A failure is a Laufzeitfehler (out of memory).
 FftwPlaene FftwPlanen(size_t n, double* reell, fftw_complex* spektrum, bool gruendlich = false);
 void FftwFreigeben(FftwPlaene& plaene);
