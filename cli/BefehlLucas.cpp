@@ -1,13 +1,17 @@
-// sw-cli lucas P [--method 0..3] [--resume] [--json]
+// sw-cli lucas P [--method 0..3] [--resume] [--json] | sw-cli lucas P --plan-fft
 // The Lucas-Lehmer test of 2^P - 1: the verdict, the Res64 (low 64 bits of the last residue,
 // the figure by which runs of different programs are compared), the transform's length and
 // largest round-off, and the time. A checkpoint is written every few minutes and at Ctrl-C;
-// --resume goes on from it.
+// --resume goes on from it. --plan-fft searches FFTW's best plans for the transform length of P
+// (a minute or more at long lengths) and stores them for every later run.
 #include <cstdio>
 #include <memory>
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
+#include "frame/Oberflaeche.h"
+#include "mersenne/FftwPlaene.h"
+#include "mersenne/LucasDwt.h"
 #include "mersenne/LucasLauf.h"
 #include "mersenne/LucasPruefpunkt.h"
 
@@ -21,6 +25,7 @@ struct LucasFrage {
     bool fortsetzen = false;
     double abstand = 300;
     bool json = false;
+    bool planen = false;
 };
 
 // Keeps the iteration shown last, for the line that a stop leaves.
@@ -39,6 +44,15 @@ void lucas(const LucasFrage& f) {
     if (p > Decimal(0xFFFFFFFFu)) throw CliFehler("lucas: P must not exceed 4294967295");
     LucasAuftrag a;
     a.p = uint32_t(std::stoul(p.Text()));
+    if (f.planen) {
+        if (a.p < 3) throw CliFehler("lucas: P must be at least 3");
+        const size_t n = LucasDwtLaenge(a.p);
+        const double start = Timer();
+        FftwPlanSpeichern(n);
+        std::printf("FFT length %zu planned in %.1f s, stored in %s\n", n, Timer() - start,
+                    FftwWeisheitDatei().c_str());
+        return;
+    }
     if (f.methode == "auto") {
         a.methode = a.p >= LucasDwtAb ? LucasMethodeDwt : LucasMethodeKaratsuba;
     } else if (f.methode.size() == 1 && f.methode[0] >= '0' && f.methode[0] <= '3') {
@@ -88,6 +102,9 @@ void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag) {
                     "else 2)");
     sub->add_flag("--resume", f->fortsetzen, "go on from the checkpoint of P in the working folder");
     sub->add_option("--checkpoint-every", f->abstand, "seconds between two checkpoints (default 300)");
+    sub->add_flag("--plan-fft", f->planen,
+                  "only search FFTW's fastest plans for the transform length of P (a minute or more for long "
+                  "lengths) and store them in the working folder, for every later run of that length");
     sub->add_flag("--json", f->json,
                   "print one JSON object: exponent, verdict, res64, method, fft_length, max_roundoff, seconds, "
                   "resumed_from");

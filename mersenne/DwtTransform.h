@@ -1,15 +1,17 @@
 // DwtTransform: one FFT length of the Lucas-Lehmer engine. It holds the residue modulo 2^p - 1
 // as n balanced digits (word j has floor or ceil of p/n bits and stands at bit ceil(p j / n)),
-// the weights that turn the cyclic convolution into the product modulo 2^p - 1, and FFTW's
-// plans; it squares, subtracts 2 and carries in place, and converts to and from GMP integers.
+// kept already multiplied by the weights that turn the cyclic convolution into the product
+// modulo 2^p - 1, so that they are the forward transform's input as they stand. It squares,
+// subtracts 2 and carries in place, and converts to and from GMP integers.
 #pragma once
 
-#include <fftw3.h>
 #include <gmp.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
+
+#include "mersenne/FftwPlaene.h"
 
 namespace sw {
 
@@ -17,13 +19,22 @@ class DwtTransform {
 public:
     // n even, 2 <= n <= p.
     DwtTransform(uint32_t p, size_t n);
+    // The same, and whether FFTW's plans came from the stored search.
+    bool GespeichertePlaene() const { return plaene_.gespeichert; }
     ~DwtTransform();
     DwtTransform(const DwtTransform&) = delete;
     DwtTransform& operator=(const DwtTransform&) = delete;
 
-    // S := S^2 - 2 modulo 2^p - 1; gives the largest distance of a convolution output from its
-    // nearest integer. Above about 0.4 the rounding may have gone wrong and the residue is void.
-    double QuadrierenMinusZwei();
+    struct Befund {
+        // The largest distance of a convolution output from its nearest integer. Above about
+        // 0.4 the rounding may have gone wrong and the residue is void.
+        double rundung;
+        // Whether the outputs add up to the square of the inputs' sum, as a cyclic convolution
+        // must: a fault inside the transform (memory, a bad core) that the rounding hides.
+        bool summeStimmt;
+    };
+    // S := S^2 - 2 modulo 2^p - 1.
+    Befund QuadrierenMinusZwei();
 
     // r with 0 <= r < 2^p - 1 in and out.
     void Setzen(mpz_srcptr r);
@@ -31,19 +42,35 @@ public:
 
     size_t Laenge() const { return n_; }
     // Adds 1 to one digit: a fault the round-off check cannot see, for the tests of the checks.
-    void Stoeren(size_t j) { x_[j] += 1.0; }
+    void Stoeren(size_t j) { ZifferSetzen(j, Ziffer(j) + 1); }
+    // Doubles one output of the next convolution, as a flipped exponent bit would: the outputs
+    // stay integers, so only the sum check sees it.
+    void FaltungStoeren() { faltungStoeren_ = true; }
 
 private:
+    template <size_t Ketten>
+    void Tragen(double& fehler, double& summe, double& betraege);
     void Uebertrag(int64_t uebertrag, size_t ab);
+    int64_t Ziffer(size_t j) const;
+    void ZifferSetzen(size_t j, int64_t d) { puffer_[j] = double(d) * gewicht_[j].vor; }
 
     uint32_t p_;
     size_t n_;
     uint32_t bitsKlein_;         // floor(p/n); the big words have one bit more
     std::vector<uint8_t> gross_;  // 1 where word j has bitsKlein_ + 1 bits
-    std::vector<double> x_;       // the balanced digits, |x_j| <= 2^(bits_j - 1)
-    std::vector<double> gewicht_, entgewicht_;  // a_j and 1 / (n a_j)
-    double* puffer_;  // in-place real-to-complex transform, 2 (n/2 + 1) doubles
-    fftw_plan vor_, rueck_;
+    // a_j and 1 / (n a_j) side by side: the carry pass needs both for the same j, and one
+    // stream through memory is cheaper than two.
+    struct Gewicht {
+        double zurueck, vor;
+    };
+    std::vector<Gewicht> gewicht_;
+    // The weighted digits a_j x_j with |x_j| <= 2^(bits_j - 1), and their spectrum. Transforms
+    // between two arrays: FFTW's in-place real transforms copy through buffers and took half
+    // as long again.
+    double* puffer_;
+    fftw_complex* spektrum_;
+    FftwPlaene plaene_;
+    bool faltungStoeren_ = false;
 };
 
 }  // namespace sw

@@ -62,6 +62,11 @@ size_t StufeFuer(const std::vector<size_t>& laengen, uint32_t p, size_t gewuensc
 
 }  // namespace
 
+size_t LucasDwtLaenge(uint32_t p) {
+    const std::vector<size_t> l = Laengen();
+    return l[StufeFuer(l, p, 0)];
+}
+
 struct LucasDwt::Zustand {
     uint32_t p;
     std::vector<size_t> laengen = Laengen();
@@ -73,6 +78,7 @@ struct LucasDwt::Zustand {
     double groesster = 0.0;
     uint32_t wiederholungen = 0;
     uint64_t stoerungBei = std::numeric_limits<uint64_t>::max();
+    uint64_t faltungsStoerungBei = std::numeric_limits<uint64_t>::max();
 
     void Laenge(size_t s) {
         stufe = s;
@@ -114,7 +120,7 @@ void LucasDwt::Setzen(const std::vector<uint32_t>& s) {
     mpz_mod(z.geprueft, z.geprueft, z.m);
     z.t->Setzen(z.geprueft);
     z.iteration = z.geprueftBei = 0;
-    z.stoerungBei = std::numeric_limits<uint64_t>::max();
+    z.stoerungBei = z.faltungsStoerungBei = std::numeric_limits<uint64_t>::max();
 }
 
 std::vector<uint32_t> LucasDwt::Wert() const {
@@ -130,14 +136,19 @@ uint32_t LucasDwt::Laufen(uint32_t anzahl) {
     Zustand& z = *z_;
     const uint64_t anfang = z.iteration, ziel = anfang + anzahl;
     while (z.iteration < ziel) {
-        const double fehler = z.t->QuadrierenMinusZwei();
+        if (z.iteration + 1 == z.faltungsStoerungBei) {
+            z.t->FaltungStoeren();
+            z.faltungsStoerungBei = std::numeric_limits<uint64_t>::max();
+        }
+        const DwtTransform::Befund befund = z.t->QuadrierenMinusZwei();
         ++z.iteration;
-        z.groesster = std::max(z.groesster, fehler);
+        z.groesster = std::max(z.groesster, befund.rundung);
         if (z.iteration == z.stoerungBei) {
             z.t->Stoeren(0);
             z.stoerungBei = std::numeric_limits<uint64_t>::max();
         }
-        bool gut = fehler <= FehlerGrenze;
+        // The sum check costs nothing beside the carry pass, so it runs every iteration.
+        bool gut = befund.rundung <= FehlerGrenze && befund.summeStimmt;
         if (gut && z.iteration - z.geprueftBei >= PruefAbstand) {
             gut = z.JacobiStimmt();
             if (gut) {
@@ -146,7 +157,9 @@ uint32_t LucasDwt::Laufen(uint32_t anzahl) {
             }
         }
         if (gut) continue;
-        // Back to the verified residue, and the stretch once more at the next larger length,
+        // A wrong sum is taken like too much round-off: the transform cannot be trusted at this
+        // length, whether the cause was the rounding or a fault. Back to the verified residue,
+        // and the stretch once more at the next larger length,
         // which then stays: a length that failed once is near its limit for this p.
         ++z.wiederholungen;
         z.iteration = z.geprueftBei;
@@ -179,8 +192,10 @@ uint64_t LucasDwt::Res64() const {
 }
 
 size_t LucasDwt::FftLaenge() const { return z_->t->Laenge(); }
+bool LucasDwt::GespeichertePlaene() const { return z_->t->GespeichertePlaene(); }
 double LucasDwt::GroessterFehler() const { return z_->groesster; }
 uint32_t LucasDwt::Wiederholungen() const { return z_->wiederholungen; }
 void LucasDwt::StoerenNach(uint32_t iterationen) { z_->stoerungBei = z_->iteration + iterationen; }
+void LucasDwt::FaltungStoerenNach(uint32_t iterationen) { z_->faltungsStoerungBei = z_->iteration + iterationen; }
 
 }  // namespace sw

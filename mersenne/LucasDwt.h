@@ -9,7 +9,9 @@
 // largest distance of an output from its nearest integer in every iteration; above 0.4 it goes
 // back to the last verified state and runs that stretch again at the next larger FFT length. A
 // Jacobi-symbol check of the residue every few thousand iterations catches errors that the
-// round-off check cannot see (a flipped bit in memory).
+// round-off check cannot see (a flipped bit in memory), and in every iteration the sum of the
+// convolution's outputs is compared with the square of the sum of its inputs, which catches a
+// fault inside the transform at once.
 #pragma once
 
 #include <cstddef>
@@ -18,6 +20,9 @@
 #include <vector>
 
 namespace sw {
+
+// The FFT length a run of p starts with.
+size_t LucasDwtLaenge(uint32_t p);
 
 class LucasDwt {
 public:
@@ -44,12 +49,16 @@ public:
     bool IstNull() const;
     uint64_t Res64() const;  // the low 64 bits of the residue
     size_t FftLaenge() const;
+    bool GespeichertePlaene() const;  // FFTW's plans of this length came from the stored search
     double GroessterFehler() const;  // the largest round-off seen so far
     uint32_t Wiederholungen() const;  // how often a stretch was run again after an error
 
     // For the tests of the checks: after the given number of iterations from now, one digit
     // is falsified once, a fault that only the Jacobi check can see.
     void StoerenNach(uint32_t iterationen);
+    // In the given iteration from now, one output of the convolution is doubled once: it
+    // stays an integer, so only the sum check sees it.
+    void FaltungStoerenNach(uint32_t iterationen);
 
 private:
     struct Zustand;

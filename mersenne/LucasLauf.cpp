@@ -1,8 +1,10 @@
 #include "mersenne/LucasLauf.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <future>
 #include <memory>
 
 #include "frame/Laufzeitfehler.h"
@@ -82,6 +84,16 @@ std::unique_ptr<Rechenwerk> werkFuer(int32_t methode, uint32_t p, const std::vec
     return std::make_unique<ExaktesWerk>(methode, p, rest);
 }
 
+// Without stored plans FFTW measures its own for a new length, up to seconds at the long ones.
+// The window must not freeze meanwhile, so the transform is built in a worker while this
+// thread goes on yielding; the exact methods are ready at once.
+std::unique_ptr<Rechenwerk> werkBauen(int32_t methode, uint32_t p, const std::vector<uint32_t>& rest) {
+    if (methode != LucasMethodeDwt) return werkFuer(methode, p, rest);
+    auto bau = std::async(std::launch::async, [&] { return werkFuer(methode, p, rest); });
+    while (bau.wait_for(std::chrono::milliseconds(50)) != std::future_status::ready) DoEvents();
+    return bau.get();
+}
+
 bool istNull(const std::vector<uint32_t>& rest) {
     return std::all_of(rest.begin(), rest.end(), [](uint32_t w) { return w == 0; });
 }
@@ -119,7 +131,7 @@ LucasBefund LucasLauf(const LucasAuftrag& auftrag, LucasAnzeige* anzeige) {
         }
     }
 
-    std::unique_ptr<Rechenwerk> werk = werkFuer(b.methode, p, rest);
+    std::unique_ptr<Rechenwerk> werk = werkBauen(b.methode, p, rest);
     auto sichern = [&] {
         if (auftrag.pruefpunkte) PruefpunktSchreiben(datei, {p, b.methode, i, werk->Wert()});
     };

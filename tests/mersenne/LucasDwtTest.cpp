@@ -152,6 +152,23 @@ TEST(LucasDwt, AFalsifiedDigitIsFoundByTheJacobiCheck) {
     EXPECT_GT(d.FftLaenge(), laenge);
 }
 
+// A doubled convolution output is still an integer, so the round-off check passes it; the sum
+// check sees it in the same iteration, long before the next Jacobi check at 2,000, and the
+// stretch is run again at the next length with the right residue in the end.
+TEST(LucasDwt, AFaultInsideTheTransformIsFoundByTheSumCheck) {
+    for (const uint32_t p : {9941u, 86243u}) {
+        GmpFolge g(p);
+        g.Laufen(1000);
+        LucasDwt d(p);
+        const size_t laenge = d.FftLaenge();
+        d.FaltungStoerenNach(700);
+        ASSERT_EQ(d.Laufen(1000), 1000u);
+        EXPECT_EQ(d.Wiederholungen(), 1u) << p;
+        EXPECT_GT(d.FftLaenge(), laenge) << p;
+        EXPECT_EQ(d.Wert(), g.Wert()) << p;
+    }
+}
+
 // p = 11 has no length above 10: a detected error leaves the last verified residue, and when
 // that lies before the call, the engine brings it up to where the call began.
 TEST(LucasDwt, WithoutALargerLengthTheRunStopsAtTheVerifiedResidue) {
