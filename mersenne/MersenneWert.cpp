@@ -2,9 +2,15 @@
 
 #include <gmp.h>
 
+#include <filesystem>
+
 #include "frame/Laufzeitfehler.h"
+#include "frame/Texte.h"
+#include "frame/Zahlformat.h"
+#include "mersenne/basDB.h"
 #include "primality/HypMpz.h"
 #include "primality/Probedivision.h"
+#include "zahlkern/zahlkern.h"
 
 namespace sw {
 
@@ -57,6 +63,25 @@ std::string MersenneWertText(uint32_t p) {
     std::string ende = Dezimal(rest);
     ende.insert(0, MersenneWertRand - ende.size(), '0');
     return anfang + " ... " + ende;
+}
+
+std::string MersenneWissen(uint32_t p) {
+    const std::string exponent = std::to_string(p);
+    const bool bekanntePrimzahl = p <= 0x7FFFFFFF && aIsInMers(int32_t(p)) != 0;
+    // Reading must not leave an empty database file behind in a folder that has none.
+    if (p > 0x7FFFFFFF || !std::filesystem::exists(DbDateiPfad(DbSegment(p)))) {
+        return TextP1(bekanntePrimzahl ? 1440 : 1441, exponent);
+    }
+    int32_t status = 0, teilerPot = 0;
+    std::string teiler;
+    PrimLesen(int32_t(p), status, teiler, teilerPot);
+    // A known divisor is shown even when its row carries no limit (an imported one may not).
+    if (status == 2 && !teiler.empty() && teiler[0] >= '1' && teiler[0] <= '9') {
+        return TextP1(487, teiler.substr(0, teiler.find('x')));
+    }
+    if (teilerPot == 0) return Text(484);
+    if (bekanntePrimzahl) return TextP1(1440, exponent);
+    return TextP1P2(1443, exponent, ZahlFormat(static_cast<long long>(TeilerPotWert(teilerPot))));
 }
 
 uint32_t PrimExponentSchritt(int64_t p, int richtung) {

@@ -21,6 +21,12 @@ std::string MersenneWertText(uint32_t p);
 // The number of decimal digits of 2^p - 1 (1 for p = 0 and 1).
 uint64_t MersenneStellen(uint32_t p);
 
+// What the divisor database knows of 2^p - 1, as one line: nothing yet (an exponent without a
+// row or a limit), its first known divisor, or else whether it is a known Mersenne prime or has
+// no divisor up to the stored limit. Without a database file for p's segment nothing is created
+// and the line says that no database is open. A damaged file is a Laufzeitfehler.
+std::string MersenneWissen(uint32_t p);
+
 // The next (richtung 1) or previous (-1) prime exponent from p, within 3 .. 2^32 - 1; 0 when
 // there is none that way.
 uint32_t PrimExponentSchritt(int64_t p, int richtung);

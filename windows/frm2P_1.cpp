@@ -63,8 +63,7 @@ void frm2P_1::Berechnen() {
     if (!wert) return;
     const auto p = uint32_t(wert->AlsInt64());
     txtLong_->setPlainText(q(MersenneWertText(p)));
-    const std::string exponent = std::to_string(p);
-    lblErgebnis_->setText(q(aIsInMers(int32_t(p)) ? TextP1(1440, exponent) : TextP1(1441, exponent)) + "  " +
+    lblErgebnis_->setText(q(MersenneWissen(p)) + "  " +
                           q(TextP1(1442, ZahlFormat(static_cast<long long>(MersenneStellen(p))))));
 }
 

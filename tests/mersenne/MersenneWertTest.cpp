@@ -4,10 +4,13 @@
 #include <gmp.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 #include "TestUmgebung.h"
+#include "frame/Texte.h"
 #include "mersenne/MersenneWert.h"
+#include "mersenne/basDB.h"
 
 namespace sw::test {
 namespace {
@@ -57,6 +60,25 @@ TEST_F(MersenneWert_, SchritteUeberPrimzahlen) {
     EXPECT_EQ(PrimExponentSchritt(3, -1), 0u);
     EXPECT_EQ(PrimExponentSchritt(4294967295LL, -1), 4294967291u);
     EXPECT_EQ(PrimExponentSchritt(4294967291LL, 1), 0u);
+}
+
+// The result line reads the database without creating one; a known divisor wins over a missing
+// limit, a searched exponent names its limit, and a Mersenne prime stays one.
+TEST_F(MersenneWert_, WissenAusDerDatenbank) {
+    EXPECT_EQ(MersenneWissen(13), TextP1(1440, "13"));
+    EXPECT_EQ(MersenneWissen(11), TextP1(1441, "11"));
+    EXPECT_FALSE(std::filesystem::exists(DbDateiPfad(0)));
+
+    PrimSchreiben(11, 2, "23", 0);
+    PrimSchreiben(29, 2, "233x1103x2089", 3);
+    PrimSchreiben(37, 0, "0", 1000);
+    PrimSchreiben(127, 1, "0", 1000);
+    EXPECT_EQ(MersenneWissen(11), TextP1(487, "23"));
+    EXPECT_EQ(MersenneWissen(29), TextP1(487, "233"));
+    EXPECT_EQ(MersenneWissen(37), TextP1P2(1443, "37", "1.000"));
+    EXPECT_EQ(MersenneWissen(127), TextP1(1440, "127"));
+    EXPECT_EQ(MersenneWissen(41), Text(484));
+    DbSchliessen();
 }
 
 }  // namespace
