@@ -50,6 +50,7 @@ class Walk {
     }
     // The value at the end of a branch: a hit when in range, else the range cut the tree.
     void blatt(const Hyp& x, int32_t m) {
+        if (stopp()) return;
         if (imBereich(x)) {
             treffer(x, m);
         } else {
@@ -192,17 +193,20 @@ std::string ExtremZeile(const ExtremZeilenFelder& f, int32_t reihenfolge, Extrem
     std::string dual, trenner;
     if (f.dualAn) {
         b.dual = std::max(b.dual, f.dual.size());
-        dual = rechts(f.dual, b.dual, '.') + " ";
+        dual = rechts(f.dual, b.dual, '.');
         trenner = "   ";
     }
     ++b.zeilen;
     const std::string nummer = rechts(std::to_string(b.zeilen), b.zeile) + " ";
-    const std::string marks = f.marks + " ";
+    // A reversed field turns its content round; the blank behind it stays behind it.
+    const std::string marks = f.marks + " ", marksR = umgekehrt(f.marks) + " ";
+    const std::string dualR = f.dualAn ? umgekehrt(dual) + " " : "";
+    if (f.dualAn) dual += " ";
     switch (reihenfolge) {
         case 1: return dual + trenner + marks + zahl + kopf + nummer;
-        case 2: return umgekehrt(dual) + trenner + marks + zahl + kopf + nummer;
+        case 2: return dualR + trenner + marks + zahl + kopf + nummer;
         case 3: return marks + trenner + dual + zahl + kopf + nummer;
-        case 4: return umgekehrt(marks) + trenner + dual + zahl + kopf + nummer;
+        case 4: return marksR + trenner + dual + zahl + kopf + nummer;
         case 5: return kopf + dual + trenner + marks + zahl + nummer;
         case 6: return nummer + kopf + dual + trenner + marks + zahl;
         default: return zahl + marks + trenner + dual + kopf + nummer;

@@ -487,7 +487,9 @@ void Fenster::listeSpeichern() {
         MsgInfo(1104);
         return;
     }
-    std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT)", ".TXT");
+    const std::optional<QStringList> tabelle = ListenCsv();
+    const QString filter = tabelle ? "*.TXT (*.TXT);;*.CSV (*.CSV)" : "*.TXT (*.TXT)";
+    std::optional<QString> pfad = speicherZiel(filter, ".TXT");
     if (!pfad) return;
     QFile datei(*pfad);
     if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
@@ -495,9 +497,19 @@ void Fenster::listeSpeichern() {
         return;
     }
     QTextStream aus(&datei);
-    for (const QString& zeile : *zeilen) aus << zeile << '\n';
+    const bool csv = tabelle && pfad->endsWith(".csv", Qt::CaseInsensitive);
+    for (const QString& zeile : csv ? *tabelle : *zeilen) aus << zeile << '\n';
     aus.flush();
     if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
+}
+
+QStringList Fenster::CsvAusListe(const QListWidget* liste, const QString& kopf) {
+    QStringList zeilen{kopf};
+    for (int i = 0; i < liste->count(); ++i) {
+        const QVariant v = liste->item(i)->data(CsvRolle);
+        if (v.isValid()) zeilen << v.toString();
+    }
+    return zeilen;
 }
 
 void Fenster::bildSpeichern() {

@@ -7,6 +7,8 @@
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
 #include "windows/frmAnzeige.h"
+#include "windows/frmCollatzTab.h"
+#include "windows/frmExtremSuche.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
@@ -57,6 +59,8 @@ std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
+        {"frmCollatzTab", modeless<frmCollatzTab>()},
+        {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
