@@ -27,6 +27,9 @@ void CollatzBaumBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // lucas: the Lucas-Lehmer test of 2^P - 1 by one of four methods, with checkpoints.
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// collatz and collatz-count: one walk of any start, and the counts of a range of starts.
+void CollatzBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
 void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 

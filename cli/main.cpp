@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
     SekundaerBefehleAnmelden(app, auftrag);
     TertiaerBefehlAnmelden(app, auftrag);
     LucasBefehlAnmelden(app, auftrag);
+    CollatzBefehleAnmelden(app, auftrag);
 
     // With --json a refusal is a JSON object on stdout as well, so that a script reading
     // stdout sees why there is no answer; the line on stderr stays for the person watching.

@@ -6,6 +6,7 @@
 
 #include "arith/HypText.h"
 #include "frame/Oberflaeche.h"
+#include "frame/basZentral.h"
 #include "frame/Texte.h"
 #include "zahlkern/zahlkern.h"
 
@@ -26,6 +27,16 @@ int32_t Div = 0;
 int32_t MaxLauf = 0;
 
 namespace {
+
+// The value lists and the block walk give the window a turn this often and end early when the
+// user stopped them: a list of a huge start can take longer than anyone waits.
+constexpr int32_t kSchritteJeYield = 1024;
+
+bool gestoppt(int32_t schritt) {
+    if (schritt % kSchritteJeYield != 0) return false;
+    DoEvents();
+    return Abbruch;
+}
 
 void zaehlerNull() { Elemente = Mult = Div = MaxLauf = 0; }
 
@@ -61,7 +72,7 @@ std::string markenDesVerfahrens(const std::string& t, int32_t verfahren) {
 std::string wertListe(int32_t verfahren, CollatzRegel regel) {
     std::string text;
     bool nachUngerade = false;
-    while (!CollatzAmEnde(CollatzZahl, regel)) {
+    for (int32_t schritt = 1; !CollatzAmEnde(CollatzZahl, regel) && !gestoppt(schritt); ++schritt) {
         if (CollatzZahl[1] & 1) {
             ++Elemente;
             text += Hyp2Anzeige(CollatzZahl);
@@ -128,7 +139,7 @@ void nullBitsAbziehen() {
 // 0 gives one "!" per block, 1 and 2 the value at the start of each block.
 std::string blockFolge(int32_t k, int32_t ausgabe, bool pseudo) {
     std::string text;
-    while (!istEins(CollatzZahl)) {
+    for (int32_t block = 1; !istEins(CollatzZahl) && !gestoppt(block); ++block) {
         if (ausgabe == 0) {
             text.push_back('!');
         } else if (ausgabe == 1 || ausgabe == 2) {

@@ -46,6 +46,9 @@ inline constexpr int32_t CollatzEinPaar = 232323;
 // Outputs (Ausgabe): 0 the mark string; 1 the values, each followed by "; ", then the end
 // value; 2 as 1, in method 3 with the pair count of each block; 9 only the summary.
 
+// Every walk gives the window a turn now and then (DoEvents) and ends early when the user
+// stopped it (Abbruch): the text then holds what was walked until there.
+
 // Sets CollatzZahl to the start and walks it by 3n + 1.
 std::string CollatzFolge(const Decimal& start, int32_t verfahren, int32_t ausgabe, int32_t k);
 // Walks CollatzZahl by 3n + 1; the empty text for 0 and 1.

@@ -67,6 +67,19 @@ void Bild::Text(int x, int y, const QString& text, const QColor& farbe) {
     update();
 }
 
+void Bild::Malen(const std::function<void(QPainter&)>& malen) {
+    QPainter p(&flaeche());
+    p.setFont(font());
+    malen(p);
+    p.end();
+    update();
+}
+
+void Bild::Bearbeiten(const std::function<void(QImage&)>& bearbeiten) {
+    bearbeiten(flaeche());
+    update();
+}
+
 int Bild::TextBreite(const QString& text) const { return QFontMetrics(font()).horizontalAdvance(text); }
 int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 

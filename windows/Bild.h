@@ -7,6 +7,10 @@
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
+
+class QPainter;
+
 namespace sw {
 
 class Bild : public QWidget {
@@ -19,6 +23,11 @@ public:
     void Rechteck(int x1, int y1, int x2, int y2, const QColor& farbe, bool gefuellt = false);
     void Punkt(int x, int y, const QColor& farbe);
     void Text(int x, int y, const QString& text, const QColor& farbe);  // (x, y): top left of the text
+    // Many shapes through one painter: a drawing of half a million cells cannot afford a
+    // painter per cell.
+    void Malen(const std::function<void(QPainter&)>& malen);
+    // Direct access to the pixels (format RGB32), for drawings of more cells than pixels.
+    void Bearbeiten(const std::function<void(QImage&)>& bearbeiten);
     int TextBreite(const QString& text) const;
     int TextHoehe() const;
 

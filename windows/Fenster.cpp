@@ -487,9 +487,7 @@ void Fenster::listeSpeichern() {
         MsgInfo(1104);
         return;
     }
-    const std::optional<QStringList> tabelle = ListenCsv();
-    const QString filter = tabelle ? "*.TXT (*.TXT);;*.CSV (*.CSV)" : "*.TXT (*.TXT)";
-    std::optional<QString> pfad = speicherZiel(filter, ".TXT");
+    std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT);;*.CSV (*.CSV)", ".TXT");
     if (!pfad) return;
     QFile datei(*pfad);
     if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
@@ -497,8 +495,21 @@ void Fenster::listeSpeichern() {
         return;
     }
     QTextStream aus(&datei);
-    const bool csv = tabelle && pfad->endsWith(".csv", Qt::CaseInsensitive);
-    for (const QString& zeile : csv ? *tabelle : *zeilen) aus << zeile << '\n';
+    const bool csv = QFileInfo(*pfad).suffix().compare("CSV", Qt::CaseInsensitive) == 0;
+    // A window that knows the fields of its rows gives them as a table; other lists become one
+    // quoted record per row, since rows of values carry the separator ";" themselves.
+    const std::optional<QStringList> tabelle = csv ? ListenCsv() : std::nullopt;
+    if (tabelle) {
+        for (const QString& zeile : *tabelle) aus << zeile << '\n';
+    } else {
+        for (const QString& zeile : *zeilen) {
+            if (csv) {
+                aus << '"' << QString(zeile).replace('"', "\"\"") << "\"\n";
+            } else {
+                aus << zeile << '\n';
+            }
+        }
+    }
     aus.flush();
     if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
 }

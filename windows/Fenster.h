@@ -67,8 +67,8 @@ protected:
     // What the "Save" icon writes, line by line; nothing when the window has no list (yet).
     // The base gives the lines of List1.
     virtual std::optional<QStringList> ListenText();
-    // The same list as a table file (fields separated by ";"), offered beside .TXT when the
-    // window gives one; nothing by default.
+    // What a .CSV file gets when the window knows the fields of its rows (fields separated by
+    // ";"); without it each row becomes one quoted record.
     virtual std::optional<QStringList> ListenCsv() { return std::nullopt; }
     // The table lines that the rows of a list carry with them (CsvRolle), in the list's order,
     // below a head line; rows without one (rules, notes) are left out.

@@ -6,6 +6,8 @@
 
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
+#include "windows/frmCollatzBig.h"
+#include "windows/frmCollatzGrafExtrem.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -59,6 +61,8 @@ std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
+        {"frmCollatzBig", modeless<frmCollatzBig>()},
+        {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
         {"frmCollatzTab", modeless<frmCollatzTab>()},
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
