@@ -21,6 +21,8 @@ void FaktorBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // test: one number of any size by one method of the prime test, proven or probable.
 void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// collatz-tree: the start values of exactly I steps of 3n+1, made backwards from 1.
+void CollatzBaumBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // lucas: the Lucas-Lehmer test of 2^P - 1 by one of four methods, with checkpoints.
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);

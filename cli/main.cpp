@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
     FaktorBefehlAnmelden(app, auftrag);
     EvalBefehlAnmelden(app, auftrag);
     TestBefehlAnmelden(app, auftrag);
+    CollatzBaumBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
     TertiaerBefehlAnmelden(app, auftrag);
     LucasBefehlAnmelden(app, auftrag);

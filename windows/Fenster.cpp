@@ -495,17 +495,32 @@ void Fenster::listeSpeichern() {
         return;
     }
     QTextStream aus(&datei);
-    // CSV: one record per row, quoted, since rows of values carry the separator ";" themselves.
     const bool csv = QFileInfo(*pfad).suffix().compare("CSV", Qt::CaseInsensitive) == 0;
-    for (const QString& zeile : *zeilen) {
-        if (csv) {
-            aus << '"' << QString(zeile).replace('"', "\"\"") << "\"\n";
-        } else {
-            aus << zeile << '\n';
+    // A window that knows the fields of its rows gives them as a table; other lists become one
+    // quoted record per row, since rows of values carry the separator ";" themselves.
+    const std::optional<QStringList> tabelle = csv ? ListenCsv() : std::nullopt;
+    if (tabelle) {
+        for (const QString& zeile : *tabelle) aus << zeile << '\n';
+    } else {
+        for (const QString& zeile : *zeilen) {
+            if (csv) {
+                aus << '"' << QString(zeile).replace('"', "\"\"") << "\"\n";
+            } else {
+                aus << zeile << '\n';
+            }
         }
     }
     aus.flush();
     if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
+}
+
+QStringList Fenster::CsvAusListe(const QListWidget* liste, const QString& kopf) {
+    QStringList zeilen{kopf};
+    for (int i = 0; i < liste->count(); ++i) {
+        const QVariant v = liste->item(i)->data(CsvRolle);
+        if (v.isValid()) zeilen << v.toString();
+    }
+    return zeilen;
 }
 
 void Fenster::bildSpeichern() {

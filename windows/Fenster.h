@@ -16,6 +16,7 @@
 #include "frame/Decimal.h"
 
 class QLineEdit;
+class QListWidget;
 class QPrinter;
 class QToolBar;
 
@@ -66,6 +67,13 @@ protected:
     // What the "Save" icon writes, line by line; nothing when the window has no list (yet).
     // The base gives the lines of List1.
     virtual std::optional<QStringList> ListenText();
+    // What a .CSV file gets when the window knows the fields of its rows (fields separated by
+    // ";"); without it each row becomes one quoted record.
+    virtual std::optional<QStringList> ListenCsv() { return std::nullopt; }
+    // The table lines that the rows of a list carry with them (CsvRolle), in the list's order,
+    // below a head line; rows without one (rules, notes) are left out.
+    static QStringList CsvAusListe(const QListWidget* liste, const QString& kopf);
+    static constexpr int CsvRolle = Qt::UserRole + 7;
     // What "Foto" saves and "Print" prints; a null image when the window has no picture (yet).
     // The base gives the picture of picAnzeige when it is a Bild.
     virtual QImage BildAbbild();

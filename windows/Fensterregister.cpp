@@ -9,6 +9,8 @@
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
 #include "windows/frmAnzeige.h"
+#include "windows/frmCollatzTab.h"
+#include "windows/frmExtremSuche.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
@@ -65,6 +67,8 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
+        {"frmCollatzTab", modeless<frmCollatzTab>()},
+        {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},

@@ -1,0 +1,65 @@
+// frmCollatzTab: a table of start values with their mark strings, and the searches for start
+// values of I steps and M multiplications: forward (CollatzSuchen), by bands, by M alone, and
+// backwards as the tree of every value of exactly I steps (CollatzBaum). A value found can be
+// handed back to the window that opened this one.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+#include "collatz/CollatzSuche.h"
+#include "windows/Fenster.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+class QRadioButton;
+class QWidget;
+
+namespace sw {
+
+class frmCollatzTab : public Fenster, private CollatzSuchZiel {
+    Q_OBJECT
+public:
+    explicit frmCollatzTab(QWidget* eltern = nullptr);
+    // Takes the start, step and sign that the opening window left in CollatzVon and
+    // CollatzSchritt, shows the window and fills the table.
+    void ShowMe(int modus) override;
+    // What btnUeb does with txtVon: the opening window's field takes it.
+    std::function<void(const QString&)> WertZurueck;
+
+    void TabelleFuellen();     // btnGO
+    void Suchen();             // btnSuchen
+    void BaumZeigen();         // btnTest
+    void ParameterUmschalten(); // btnParameter, lblHinweis
+    void ErgebnisZeigen();     // btnShowErgebnis
+    void WertUebernehmen();    // btnWertUebernehmen
+    void ZeileGewaehlt(QListWidgetItem* item);
+
+protected:
+    std::optional<QStringList> ListenCsv() override;
+    bool eventFilter(QObject* o, QEvent* e) override;
+
+private:
+    std::string Marks(const Decimal& x) override;
+    void Zeile(const std::string& text, const Decimal* wert) override;
+    Decimal schritt() const;
+    void suchenFreigeben();
+    void zeileAnfuegen(const QString& text, const Decimal* wert);
+
+    QLineEdit *txtVon_, *txtStep_, *txtII_, *txtMM_, *txtAnzahl_, *txtBlockAnzahl_, *txtPot2_, *txtPot6_;
+    QLabel *lblPlusMinus_, *lblHinweis_, *lblErgebnis_;
+    QPushButton *btnGO_, *btnParameter_, *btnSuchen_, *btnTest_, *btnShowErgebnis_, *btnWertUebernehmen_, *btnUeb_;
+    QCheckBox *chkQuickSearch_, *chkDualFolge_;
+    QRadioButton* optVerfahren_[2];
+    QWidget* Frame1_;
+    QListWidget* List1_;
+    std::string letzteMarks_;
+    QString testRuhe_;
+};
+
+}  // namespace sw
