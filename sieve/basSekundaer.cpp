@@ -281,12 +281,17 @@ ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p) {
 
 }  // namespace
 
-void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
-                            SekundaerRueckruf beiSegment, void* kontext) {
+namespace {
+
+// The engine of every window: quelle(von, bis, f) calls f(p) for the sieving primes of
+// [von, bis] in ascending order; weiter(fertig, gesamt) after each block reports progress and
+// says whether to go on. False if it was told to stop (the window is then unfinished).
+template <typename Quelle, typename Weiter>
+bool FensterSiebenMit(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze, bool mitMuster,
+                      Quelle&& quelle, Weiter&& weiter) {
     const FensterStart schnellStart(start);
     const uint64_t spanne = woerter * RasterSpanne;
-    // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
-    const bool mitMuster = grenze >= 17 && RasterEcht;
+    mitMuster = mitMuster && grenze >= 17;
     const uint64_t startWort = uint64_t(start / RasterSpanne % MusterWoerter);
 
     std::vector<ZyklusPrimzahl> klein, mittel;
@@ -294,9 +299,9 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
     const uint64_t kleinBis = std::min(grenze, SegmentWoerter - 1);
     const uint64_t mittelBis = std::min(grenze, BlockWoerter - 1);
     const uint64_t radBis = std::min(grenze, BlockZahlen - 1);
-    SiebPrimzahlen(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
-    SiebPrimzahlen(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
-    SiebPrimzahlen(mittelBis + 1, radBis, [&](uint64_t p) {
+    quelle(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
+    quelle(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
+    quelle(mittelBis + 1, radBis, [&](uint64_t p) {
         MittlerePrimzahl m{};
         m.p = uint32_t(p);
         m.pos = ErsterVielfacher(schnellStart, p, m.j);
@@ -321,7 +326,7 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
         for (ZyklusPrimzahl& z : mittel) ZyklusStreichen(block, int64_t(laenge), z);
         const uint64_t ende = (anfang + laenge) * RasterSpanne;
         for (MittlerePrimzahl& m : rad) m.pos = RadStreichen(raster, m.pos, m.p, m.j, ende);
-        if (beiSegment) beiSegment(kontext, b + 1, gesamt);
+        if (!weiter(b + 1, gesamt)) return false;
     }
 
     // Primes beyond a block strike it at most once, all over the window. Struck directly, each
@@ -341,7 +346,7 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
     for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
         const uint64_t von = radBis + 1 + schritt * BlockZahlen;
         const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
-        SiebPrimzahlen(von, bis, [&](uint64_t p) {
+        quelle(von, bis, [&](uint64_t p) {
             uint32_t j;
             uint64_t pos = ErsterVielfacher(schnellStart, p, j);
             if (!eimerNutzen) {
@@ -358,7 +363,7 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
             }
         });
         if (gepuffert > (size_t(1) << 22)) eimerLeeren();
-        if (beiSegment) beiSegment(kontext, bloecke + schritt + 1, gesamt);
+        if (!weiter(bloecke + schritt + 1, gesamt)) return false;
     }
     eimerLeeren();
 
@@ -366,13 +371,41 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
     // them; they are primes and get their bits back. The number 1 is no prime.
     if (start <= grenze) {
         const uint64_t s64 = uint64_t(start);
-        SiebPrimzahlen(std::max<uint64_t>(s64, 7), std::min<uint64_t>(grenze, s64 + spanne - 1), [&](uint64_t p) {
+        quelle(std::max<uint64_t>(s64, 7), std::min<uint64_t>(grenze, s64 + spanne - 1), [&](uint64_t p) {
             const uint64_t pos = p - s64;
             raster[pos / RasterSpanne] &= ~RestMaske[pos % RasterSpanne];
         });
     }
     if (start == 0 && woerter) raster[0] |= BitMaske[1];
+    return true;
 }
+
+}  // namespace
+
+void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
+                            SekundaerRueckruf beiSegment, void* kontext) {
+    // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
+    FensterSiebenMit(
+        raster, woerter, start, grenze, RasterEcht,
+        [](uint64_t von, uint64_t bis, auto&& f) { SiebPrimzahlen(von, bis, f); },
+        [&](uint64_t fertig, uint64_t gesamt) {
+            if (beiSegment) beiSegment(kontext, fertig, gesamt);
+            return true;
+        });
+}
+
+bool FensterSiebenMitPrimzahlen(uint32_t* raster, uint64_t woerter, Zahl128 start, const std::vector<uint32_t>& primzahlen,
+                                SiebWeiter weiter, void* kontext) {
+    const uint64_t grenze = primzahlen.empty() ? 0 : primzahlen.back();
+    return FensterSiebenMit(
+        raster, woerter, start, grenze, true,
+        [&](uint64_t von, uint64_t bis, auto&& f) {
+            auto it = std::lower_bound(primzahlen.begin(), primzahlen.end(), von);
+            for (; it != primzahlen.end() && *it <= bis; ++it) f(uint64_t(*it));
+        },
+        [&](uint64_t fertig, uint64_t gesamt) { return weiter(kontext, fertig, gesamt); });
+}
+
 
 // ---- the entries of the windows ------------------------------------------------------------
 

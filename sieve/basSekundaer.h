@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "frame/Decimal.h"
 #include "frame/basZentral.h"
@@ -63,6 +64,14 @@ bool SekundaerAnfrageGross();
 using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,
                             SekundaerRueckruf beiSegment = nullptr, void* kontext = nullptr);
+
+// The same engine with the sieving primes given (ascending, from 7, the last one the bound),
+// for callers that have them at hand and must not read the primary raster: the segmented
+// build of that raster itself, whose worker threads each sieve their own part. weiter is
+// called after each block and ends the window early by returning false (then false).
+using SiebWeiter = bool (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
+bool FensterSiebenMitPrimzahlen(uint32_t* raster, uint64_t woerter, Zahl128 start,
+                                const std::vector<uint32_t>& primzahlen, SiebWeiter weiter, void* kontext);
 
 // Held by a job that reads or strikes SekundaerRaster across its yields. Code that runs inside
 // one of those yields (a repaint, a click in another window) must not replace the raster: the
