@@ -110,6 +110,10 @@ bool PrimaerLauf(const Decimal& grenze, int32_t methode) {
         LaufVerworfen();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
+    } catch (...) {
+        // A stopped run leaves a half-built raster that nobody may read.
+        LaufVerworfen();
+        throw;
     }
     LaufAbschliessen();
     return true;

@@ -39,11 +39,24 @@ void SekundaerFortschrittLoesen();
 // Text 402 on the right, left and percentage empty, an empty bar, the frame shown.
 void SekundaerFortschrittZeigen(SekundaerFortschrittZiel& ziel);
 
-// The checking entry: overlap with the primary range (box, false), a range beyond the square
-// of the primary limit or longer than GrenzeLong (question 404; No gives false), then the sieve.
+// Sieving primes above the primary raster are found by a segmented pass over the numbers
+// beyond it (sieved by the raster's primes, a level deeper where needed). The windows take it
+// up to the root of 2^64, where it costs about a second; every window inside 64 bits is then
+// exact whatever the raster's limit.
+inline constexpr uint64_t SegmentDurchgangBis = uint64_t(1) << 32;
+// The greatest sieving prime a window can have: the raster's limit, or SegmentDurchgangBis
+// above a finished true raster; 0 without a finished run.
+uint64_t SekundaerSiebReichweite();
+// Up to where a window is exact: the square of the reach, or of the primary limit if larger.
+Decimal SekundaerExaktBis();
+
+// The checking entry: overlap with the primary range (box, false), a range beyond
+// SekundaerExaktBis or longer than GrenzeLong (question 404; No gives false), then the sieve.
 bool SekundaerPruefen(const Decimal& start, const Decimal& laenge);
 // The sieve without checks. SekundaerStart = start rounded down to a multiple of 120,
-// SekundaerEnde = (start + laenge) rounded down to one, plus 120. Out of memory: "SW - Speicher"
+// SekundaerEnde = (start + laenge) rounded down to one, plus 120. The sieving primes go up to
+// the root of the window's end; where that lies beyond SekundaerSiebReichweite, only the
+// raster's primes sieve and information 514 says so. Out of memory: "SW - Speicher"
 // and false, the old range left standing.
 bool SekundaerSieben(const Decimal& start, const Decimal& laenge);
 // Primes n of the range with von <= n <= bis; text 207 and 0 if [von, bis] leaves the range.

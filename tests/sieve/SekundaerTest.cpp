@@ -149,20 +149,22 @@ TEST_F(Sekundaer, UeberschneidungUndQuadratFragen) {
     EXPECT_NE(ui.meldungen[0].text.find("überschneiden"), std::string::npos);
     EXPECT_EQ(SekundaerStart, Decimal(5000000 / 120 * 120));
 
-    // Beyond the square: No leaves everything as it was.
+    // Beyond what the raster and the segmented pass can sieve (2^64): No leaves everything as
+    // it was.
+    const U128 oben = (U128(1) << 64) + 1000003000000ull;
     ui.meldungen.clear();
     ui.antworten = {AntwortNein};
-    EXPECT_FALSE(SekundaerPruefen(Decimal(int64_t(1000003000000)), Decimal(10000)));
+    EXPECT_FALSE(SekundaerPruefen(Dec128(oben), Decimal(10000)));
     ASSERT_EQ(ui.meldungen.size(), 1u);
     EXPECT_EQ(ui.meldungen[0].text, Text(404));
     EXPECT_EQ(SekundaerRaster, vorher);
     // Yes sieves as far as the raster goes, and says so.
     ui.meldungen.clear();
     ui.antworten = {AntwortJa};
-    EXPECT_TRUE(SekundaerPruefen(Decimal(int64_t(1000003000000)), Decimal(10000)));
+    EXPECT_TRUE(SekundaerPruefen(Dec128(oben), Decimal(10000)));
     ASSERT_EQ(ui.meldungen.size(), 2u);
     EXPECT_EQ(ui.meldungen[1].text, Text(514));
-    Vergleichen(1000003000000, 10000, 1000000);
+    Vergleichen(oben, 10000, 1000000);
 }
 
 TEST_F(Sekundaer, ZaehlenAusserhalbUndAnDenGrenzen) {
