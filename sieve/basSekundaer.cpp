@@ -291,25 +291,19 @@ ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p) {
 
 namespace {
 
-template <typename Quelle, typename Weiter>
-bool FensterSiebenMit(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze, bool mitMuster,
-                      Quelle&& quelle, Weiter&& weiter);
-
 // The primes of [von, bis] from a window sieved here by the given small primes (enough for
-// the root of bis); puffer is the caller's, so that a thread keeps its memory between steps.
+// the root of bis, and all below the window); puffer is the caller's, so that a thread keeps its memory between steps.
 template <typename F>
 void SchrittPrimzahlen(uint64_t von, uint64_t bis, const std::vector<uint32_t>& kleine, std::vector<uint32_t>& puffer,
                        F&& f) {
     const uint64_t basis = von / RasterSpanne * RasterSpanne;
     const uint64_t woerter = (bis - basis) / RasterSpanne + 1;
     puffer.assign(woerter, 0);
-    const auto ausListe = [&](uint64_t a, uint64_t b, auto&& g) {
-        for (auto it = std::lower_bound(kleine.begin(), kleine.end(), a); it != kleine.end() && *it <= b; ++it) {
-            g(uint64_t(*it));
-        }
-    };
-    FensterSiebenMit(puffer.data(), woerter, basis, ganzeWurzel(basis + woerter * RasterSpanne - 1), true, ausListe,
-                     [](uint64_t, uint64_t) { return true; });
+    // Through the plain entry, not the engine's template: a template call here would
+    // instantiate the engine anew for each lambda, without end. Primes above the root strike
+    // composites only, so the whole list may sieve.
+    FensterSiebenMitPrimzahlen(puffer.data(), woerter, basis, kleine, [](void*, uint64_t, uint64_t) { return true; },
+                               nullptr);
     FreieBitsDurchlaufen(puffer.data(), 0, woerter, basis, von, bis, [&](uint64_t p) { return f(p), true; });
 }
 

@@ -98,11 +98,12 @@ TEST_F(Sekundaer, ZufaelligeFensterBisZumQuadrat) {
     EXPECT_TRUE(ui.meldungen.empty());
 }
 
-// Above 2^64 the primary raster cannot reach the root: the window is free of the factors up
-// to the limit (information 514), and exactly that is compared, up to the top of the Decimal.
+// Well above 2^64 neither the primary raster nor the segmented pass reach the root: the window
+// is free of the factors up to the limit (information 514), and exactly that is compared, up
+// to the top of the Decimal.
 TEST_F(Sekundaer, UeberZweiHoch64NurBisZurGrenze) {
     Primaer(9000000);
-    for (U128 von : {(U128(1) << 64) - 4000, U128(100000000000ull) * 1000000000ull, (U128(1) << 96) - 200000}) {
+    for (U128 von : {(U128(1) << 66) - 4000, U128(100000000000ull) * 1000000000ull, (U128(1) << 96) - 200000}) {
         ui.meldungen.clear();
         ASSERT_TRUE(SekundaerSieben(Dec128(von), Decimal(150000)));
         ASSERT_EQ(ui.meldungen.size(), 1u);

@@ -83,7 +83,7 @@ TEST_F(SiebMethoden, AbgelehnteGrenzenUndMethoden) {
                   m == MethodeProdukt || m == MethodeBereichBeschaffen || m == MethodeSegmentiert)
             << m;
     }
-    EXPECT_EQ(ui.meldungen.size(), 4u);
+    EXPECT_EQ(ui.meldungen.size(), 5u);
     EXPECT_NE(ui.meldungen[0].text.find("2.000.000.000"), std::string::npos);  // text 520
     ASSERT_TRUE(GrenzeSetzen(Decimal(GrenzeLong)));
     EXPECT_TRUE(MethodeZulaessig(MethodeQuadratSchritt));
