@@ -14,6 +14,7 @@ set -euo pipefail
 NAME=sieve_segmentiert_vs_primesieve
 source "$(dirname "$0")/vergleich.sh"
 export SW_HOME=$WORK
+CLI=$(cd "$(dirname "$CLI")" && pwd)/sw-cli  # absolute: the runs work in the scratch folder
 cd "$WORK"
 
 # Wall-clock seconds of a command, best of N runs.
