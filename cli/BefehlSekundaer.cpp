@@ -1,7 +1,10 @@
 // Ranges beyond the primary raster: count and primes above GrenzeLong (without a raster the
-// user chose) walk the range window by window through the secondary sieve, with a primary
-// raster only up to the square root of the end (a block file of that size in the working
-// folder is loaded instead of sieved). twins lists the prime pairs of any range the same way.
+// user chose) walk the range window by window through the secondary sieve, sieved by the
+// primes up to the square root of the end. A range of one window takes them from a segmented
+// pass over the numbers up to that root, on a primary raster only up to its own root; a longer
+// one builds the primary raster up to the root once (a block file of that size in the working
+// folder is loaded instead of sieved), since each window would repeat the pass.
+// twins lists the prime pairs of any range the same way.
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -22,16 +25,22 @@ namespace {
 // of the sieving primes are paid rarely, small enough for any machine.
 constexpr uint64_t FensterWoerter = uint64_t(1) << 23;
 
-// The primary raster the range needs: one up to the root of bis, loaded from a block file of
-// the working folder when one of that size or larger is there.
-void WurzelRasterBereitstellen(const Decimal& bis, const std::string& frage) {
+// The greatest sieving prime of the windows: the root of the end of the range.
+uint64_t siebgrenze = 0;
+
+// The primary raster the range [von, bis] needs, and siebgrenze.
+void WurzelRasterBereitstellen(const Decimal& von, const Decimal& bis, const std::string& frage) {
     const Decimal wurzel = GanzeWurzel(bis);
     if (wurzel > GroessteGrenze()) {
         throw CliFehler(frage + ": " + bis.Text() + " lies beyond the square of the largest raster (" +
                         GroessteGrenze().Text() + ")");
     }
     const Decimal grenze = wurzel < Decimal(1000) ? Decimal(1000) : wurzel;
-    if (!PrimaerLauf(grenze, MethodeBereichBeschaffen)) {
+    siebgrenze = uint64_t(grenze.AlsInt64());
+    const bool einFenster = bis - von < Decimal(int64_t(FensterWoerter * RasterSpanne));
+    const Decimal wurzelDerWurzel = GanzeWurzel(grenze) + Decimal(1);
+    const Decimal raster = !einFenster ? grenze : wurzelDerWurzel < Decimal(1000) ? Decimal(1000) : wurzelDerWurzel;
+    if (!PrimaerLauf(raster, einFenster ? MethodeProdukt : MethodeBereichBeschaffen)) {
         const std::string m = Terminal().LetzteMeldung();
         throw CliFehler(m.empty() ? "the raster cannot be built" : m);
     }
@@ -43,7 +52,7 @@ void segmentGemeldet(void*, uint64_t, uint64_t) { DoEvents(); }
 // with the part of each window that belongs to the range, in ascending order.
 template <typename Fenster>
 void FensterDurchlaufen(Zahl128 a, Zahl128 bis, Fenster&& fenster) {
-    const uint64_t grenze = uint64_t(PrimaerGrenze.AlsInt64());
+    const uint64_t grenze = siebgrenze;
     while (a <= bis) {
         const Zahl128 basis = a / RasterSpanne * RasterSpanne;
         const uint64_t woerter = uint64_t(std::min<Zahl128>(FensterWoerter, (bis - basis) / RasterSpanne + 1));
@@ -72,7 +81,7 @@ void PrimzahlenBereich(const Decimal& von, const Decimal& bis, Ausgabe&& ausgabe
 }
 
 std::string kopf(const Decimal& von, const Decimal& bis) {
-    return "{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + PrimaerGrenze.Text();
+    return "{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + std::to_string(siebgrenze);
 }
 
 struct Paare {
@@ -89,9 +98,10 @@ void zwillinge(const Paare& f) {
     }
     const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "twins");
     if (SekundaerWeg(bis, f.raster)) {
-        WurzelRasterBereitstellen(bis, "twins");
+        WurzelRasterBereitstellen(von, bis, "twins");
     } else {
         RasterBereitstellen(f.raster, bis < Decimal(1000) ? Decimal(1000) : bis);
+        siebgrenze = uint64_t(PrimaerGrenze.AlsInt64());
         ImRasterPruefen(bis, "twins");
     }
     AusgabePuffer aus;
@@ -125,7 +135,7 @@ bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl) {
 }
 
 void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json) {
-    WurzelRasterBereitstellen(bis, "count");
+    WurzelRasterBereitstellen(von, bis, "count");
     Decimal anzahl;
     if (von <= PrimaerGrenze) anzahl = PrimAnzahl(von, bis < PrimaerGrenze ? bis : PrimaerGrenze);
     if (bis > PrimaerGrenze) {
@@ -137,14 +147,14 @@ void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json)
     }
     if (json) {
         std::printf("{\"from\":%s,\"to\":%s,\"count\":%s,\"limit\":%s}\n", von.Text().c_str(), bis.Text().c_str(),
-                    anzahl.Text().c_str(), PrimaerGrenze.Text().c_str());
+                    anzahl.Text().c_str(), std::to_string(siebgrenze).c_str());
     } else {
         std::printf("%s\n", anzahl.Text().c_str());
     }
 }
 
 void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json) {
-    WurzelRasterBereitstellen(bis, "primes");
+    WurzelRasterBereitstellen(von, bis, "primes");
     AusgabePuffer aus;
     if (json) aus.text(kopf(von, bis) + ",\"primes\":[");
     uint64_t anzahl = 0;

@@ -1,4 +1,4 @@
-// sw-cli sieve LIMIT [--method 0..6] [--save FILE] [--json]
+// sw-cli sieve LIMIT [--method 0..7] [--threads N] [--save FILE] [--json]
 #include <cstdio>
 #include <memory>
 
@@ -8,6 +8,7 @@
 #include "frame/basZentral.h"
 #include "sieve/Blockdateien.h"
 #include "sieve/PrimaerLauf.h"
+#include "sieve/SiebSegmentiert.h"
 #include "sieve/basSiebwerk.h"
 
 namespace sw::cli {
@@ -18,11 +19,13 @@ struct SiebOptionen {
     std::string limit;
     int methode = MethodeProdukt;
     std::string speichern;
+    int faeden = 0;
     bool json = false;
 };
 
 void sieben(const SiebOptionen& o) {
     const Decimal grenze = ZahlLesen(o.limit, "LIMIT");
+    SiebFaeden = o.faeden;
     const double start = Timer();
     if (!PrimaerLauf(grenze, o.methode)) {
         const std::string m = Terminal().LetzteMeldung();
@@ -64,8 +67,10 @@ void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     sub->add_option("LIMIT", o->limit, "upper limit, e.g. 2e9, 2000000000 or 2.000.000.000")->required();
     sub->add_option("--method,-m", o->methode,
                     "0 SiebProdukt, 1 SiebQuadratSchritt, 2 SiebWortSchritt, 3 BereichBeschaffen, "
-                    "4 SiebQuadratDifferenz, 5 SiebRestklassen, 6 SiebSechserSchritt")
+                    "4 SiebQuadratDifferenz, 5 SiebRestklassen, 6 SiebSechserSchritt, 7 SiebSegmentiert")
         ->check(CLI::Range(0, MethodenAnzahl - 1));
+    sub->add_option("--threads,-t", o->faeden, "worker threads of method 7 (default: one per core)")
+        ->check(CLI::Range(1, 256));
     sub->add_option("--save", o->speichern, "write the raster as a block file");
     sub->add_flag("--json", o->json, "print one JSON object");
     sub->callback([o, &auftrag]() { auftrag = [o]() { sieben(*o); }; });

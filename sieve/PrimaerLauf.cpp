@@ -9,6 +9,7 @@
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/SiebSchritte.h"
+#include "sieve/SiebSegmentiert.h"
 #include "sieve/basBitPrim.h"
 #include "sieve/basMaxPrimaer.h"
 #include "sieve/basQuadrato.h"
@@ -25,6 +26,7 @@ const char* MethodenName(int32_t methode) {
         case MethodeQuadratDifferenz: return "SiebQuadratDifferenz";
         case MethodeRestklassen: return "SiebRestklassen";
         case MethodeSechserSchritt: return "SiebSechserSchritt";
+        case MethodeSegmentiert: return "SiebSegmentiert";
         default: return "";
     }
 }
@@ -55,7 +57,7 @@ bool MethodeZulaessig(int32_t methode) {
         return false;
     }
     if (PrimaerGrenze > Decimal(GrenzeLong) && methode != MethodeProdukt &&
-        methode != MethodeBereichBeschaffen) {
+        methode != MethodeBereichBeschaffen && methode != MethodeSegmentiert) {
         MsgInfo(520);
         return false;
     }
@@ -71,6 +73,7 @@ void MethodeAusfuehren(int32_t methode) {
         case MethodeQuadratDifferenz: SiebQuadratDifferenz(); break;
         case MethodeRestklassen: SiebRestklassen(); break;
         case MethodeSechserSchritt: SiebSechserSchritt(); break;
+        case MethodeSegmentiert: SiebSegmentiert(); break;
         default: break;
     }
 }
@@ -107,6 +110,10 @@ bool PrimaerLauf(const Decimal& grenze, int32_t methode) {
         LaufVerworfen();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));
         return false;
+    } catch (...) {
+        // A stopped run leaves a half-built raster that nobody may read.
+        LaufVerworfen();
+        throw;
     }
     LaufAbschliessen();
     return true;

@@ -19,8 +19,9 @@ enum SiebMethode : int32_t {
     MethodeQuadratDifferenz = 4, // SiebQuadratDifferenz
     MethodeRestklassen = 5,      // SiebRestklassen
     MethodeSechserSchritt = 6,   // SiebSechserSchritt
+    MethodeSegmentiert = 7,      // SiebSegmentiert
 };
-inline constexpr int32_t MethodenAnzahl = 7;
+inline constexpr int32_t MethodenAnzahl = 8;
 
 // The function name of a method ("SiebProdukt", ...).
 const char* MethodenName(int32_t methode);
@@ -30,7 +31,7 @@ Decimal GroessteGrenze();
 // "SW - Grenze", and gives false; else sets
 // PrimaerGrenze, RasterLetzterIndex, PrimaerWurzel, PrimaerWurzelWort.
 bool GrenzeSetzen(const Decimal& grenze);
-// Step 2: a limit above GrenzeLong with a method other than 0 and 3 shows text 520; false.
+// Step 2: a limit above GrenzeLong with a method other than 0, 3 and 7 shows text 520; false.
 bool MethodeZulaessig(int32_t methode);
 // Runs the method on the pre-sieved raster (RasterVorsieben must have succeeded). Method 3
 // throws std::bad_alloc when, after a failed load, the raster cannot be had anew; the run is

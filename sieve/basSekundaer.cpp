@@ -5,6 +5,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <chrono>
+#include <exception>
+#include <thread>
 #include <utility>
 #include <cmath>
 #include <cstring>
@@ -15,6 +19,7 @@
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/Texte.h"
+#include "sieve/SiebSegmentiert.h"
 
 namespace sw {
 
@@ -182,8 +187,7 @@ struct FensterStart {
     }
 };
 
-inline uint64_t ErsterVielfacher(const FensterStart& start, uint64_t p, uint32_t& j) {
-    const uint64_t r = start.Rest(30 * p);
+inline uint64_t ErsterVielfacherAusRest(uint64_t r, uint64_t p, uint32_t& j) {
     // The first wheel residue whose multiple reaches r: counted, not searched, so that no
     // branch depends on it.
     uint32_t k = 0;
@@ -194,6 +198,10 @@ inline uint64_t ErsterVielfacher(const FensterStart& start, uint64_t p, uint32_t
     }
     j = k;
     return RadRest[k] * p - r;
+}
+
+inline uint64_t ErsterVielfacher(const FensterStart& start, uint64_t p, uint32_t& j) {
+    return ErsterVielfacherAusRest(start.Rest(30 * p), p, j);
 }
 
 // Walks the multiples of p from pos by the wheel and strikes those below ende. The division
@@ -281,12 +289,111 @@ ZyklusPrimzahl ZyklusAnlegen(Zahl128 start, uint64_t p) {
 
 }  // namespace
 
-void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
-                            SekundaerRueckruf beiSegment, void* kontext) {
+namespace {
+
+// The primes of [von, bis] from a window sieved here by the given small primes (enough for
+// the root of bis, and all below the window); puffer is the caller's, so that a thread keeps its memory between steps.
+template <typename F>
+void SchrittPrimzahlen(uint64_t von, uint64_t bis, const std::vector<uint32_t>& kleine, std::vector<uint32_t>& puffer,
+                       F&& f) {
+    const uint64_t basis = von / RasterSpanne * RasterSpanne;
+    const uint64_t woerter = (bis - basis) / RasterSpanne + 1;
+    puffer.assign(woerter, 0);
+    // Through the plain entry, not the engine's template: a template call here would
+    // instantiate the engine anew for each lambda, without end. Primes above the root strike
+    // composites only, so the whole list may sieve.
+    FensterSiebenMitPrimzahlen(puffer.data(), woerter, basis, kleine, [](void*, uint64_t, uint64_t) { return true; },
+                               nullptr);
+    FreieBitsDurchlaufen(puffer.data(), 0, woerter, basis, von, bis, [&](uint64_t p) { return f(p), true; });
+}
+
+// The large primes of a narrow window far up (a count near 2^64 or beyond) cost nearly only
+// their start offsets, one remainder each, and are independent of each other: their steps are
+// dealt out to worker threads. Each finds its primes by sieving its steps itself from a list
+// of small primes taken here (never from the primary raster, which a yield of the calling
+// thread might replace), and strikes into its own copy of the window (a block at most, so it
+// stays in the cache); the copies are or-ed into the window at the end. The calling thread
+// waits and reports through melden(steps done), which ends the work early by giving false.
+template <typename Melden>
+bool GrossParallel(uint32_t* raster, uint64_t woerter, const FensterStart& schnellStart, uint64_t radBis,
+                   uint64_t grossBis, uint64_t schritte, uint64_t faeden, Melden&& melden) {
+    const uint64_t spanne = woerter * RasterSpanne;
+    const std::vector<uint32_t> kleine = KleinePrimzahlen(ganzeWurzel(grossBis + RasterSpanne));
+    std::atomic<uint64_t> naechster{0}, erledigt{0}, beendet{0};
+    std::atomic<bool> halt{false};
+    std::vector<std::vector<uint32_t>> kopien(faeden);
+    std::vector<std::exception_ptr> fehler(faeden);
+    const auto arbeit = [&](size_t t) {
+        try {
+            kopien[t].assign(woerter, 0);
+            uint32_t* ziel = kopien[t].data();
+            std::vector<uint32_t> puffer;
+            constexpr size_t StapelGroesse = 512;
+            uint64_t stapel[StapelGroesse], reste[StapelGroesse];
+            size_t n = 0;
+            // Remainders first in a tight loop, where the divisions overlap; then the strikes.
+            const auto abarbeiten = [&] {
+                for (size_t i = 0; i < n; ++i) reste[i] = schnellStart.Rest(30 * stapel[i]);
+                for (size_t i = 0; i < n; ++i) {
+                    uint32_t j;
+                    const uint64_t pos = ErsterVielfacherAusRest(reste[i], stapel[i], j);
+                    RadStreichen(ziel, pos, stapel[i], j, spanne);
+                }
+                n = 0;
+            };
+            for (uint64_t s; !halt.load(std::memory_order_relaxed) && (s = naechster.fetch_add(1)) < schritte;) {
+                const uint64_t von = radBis + 1 + s * BlockZahlen;
+                const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
+                SchrittPrimzahlen(von, bis, kleine, puffer, [&](uint64_t p) {
+                    stapel[n++] = p;
+                    if (n == StapelGroesse) abarbeiten();
+                });
+                abarbeiten();
+                erledigt.fetch_add(1);
+            }
+        } catch (...) {
+            fehler[t] = std::current_exception();
+            halt = true;
+        }
+        beendet.fetch_add(1);
+    };
+    std::vector<std::thread> arbeiter;
+    bool ganz = true;
+    try {
+        for (size_t t = 0; t < faeden; ++t) arbeiter.emplace_back(arbeit, t);
+        while (beendet.load() < arbeiter.size()) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            if (ganz && !melden(erledigt.load())) {
+                ganz = false;
+                halt = true;
+            }
+        }
+    } catch (...) {
+        // A yield that throws (Ctrl-C in the terminal) leaves no thread running.
+        halt = true;
+        for (std::thread& a : arbeiter) a.join();
+        throw;
+    }
+    for (std::thread& a : arbeiter) a.join();
+    for (const std::exception_ptr& f : fehler) {
+        if (f) std::rethrow_exception(f);
+    }
+    if (!ganz) return false;
+    for (const std::vector<uint32_t>& k : kopien) {
+        for (uint64_t w = 0; w < woerter; ++w) raster[w] |= k[w];
+    }
+    return true;
+}
+
+// The engine of every window: quelle(von, bis, f) calls f(p) for the sieving primes of
+// [von, bis] in ascending order; weiter(fertig, gesamt) after each block reports progress and
+// says whether to go on. False if it was told to stop (the window is then unfinished).
+template <typename Quelle, typename Weiter>
+bool FensterSiebenMit(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze, bool mitMuster,
+                      Quelle&& quelle, Weiter&& weiter) {
     const FensterStart schnellStart(start);
     const uint64_t spanne = woerter * RasterSpanne;
-    // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
-    const bool mitMuster = grenze >= 17 && RasterEcht;
+    mitMuster = mitMuster && grenze >= 17;
     const uint64_t startWort = uint64_t(start / RasterSpanne % MusterWoerter);
 
     std::vector<ZyklusPrimzahl> klein, mittel;
@@ -294,9 +401,9 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
     const uint64_t kleinBis = std::min(grenze, SegmentWoerter - 1);
     const uint64_t mittelBis = std::min(grenze, BlockWoerter - 1);
     const uint64_t radBis = std::min(grenze, BlockZahlen - 1);
-    SiebPrimzahlen(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
-    SiebPrimzahlen(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
-    SiebPrimzahlen(mittelBis + 1, radBis, [&](uint64_t p) {
+    quelle(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
+    quelle(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
+    quelle(mittelBis + 1, radBis, [&](uint64_t p) {
         MittlerePrimzahl m{};
         m.p = uint32_t(p);
         m.pos = ErsterVielfacher(schnellStart, p, m.j);
@@ -321,58 +428,111 @@ void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint
         for (ZyklusPrimzahl& z : mittel) ZyklusStreichen(block, int64_t(laenge), z);
         const uint64_t ende = (anfang + laenge) * RasterSpanne;
         for (MittlerePrimzahl& m : rad) m.pos = RadStreichen(raster, m.pos, m.p, m.j, ende);
-        if (beiSegment) beiSegment(kontext, b + 1, gesamt);
+        if (!weiter(b + 1, gesamt)) return false;
     }
 
-    // Primes beyond a block strike it at most once, all over the window. Struck directly, each
-    // strike would wait for main memory; so the hits are first sorted into one bucket per
-    // block (word index and bit in one 32-bit entry, appended to a few sequential streams)
-    // and then struck bucket by bucket, each within one block in the cache.
-    const bool eimerNutzen = woerter < (uint64_t(1) << 27);
-    std::vector<std::vector<uint32_t>> eimer(eimerNutzen ? bloecke : 0);
-    size_t gepuffert = 0;
-    const auto eimerLeeren = [&] {
-        for (std::vector<uint32_t>& e : eimer) {
-            for (uint32_t h : e) raster[h >> 5] |= 0x80000000u >> (h & 31);
-            e.clear();
+    const uint64_t faeden = std::min<uint64_t>(uint64_t(SiebFaedenWirksam()), grossSchritte / 4);
+    if (faeden > 1 && woerter <= BlockWoerter && mitMuster) {
+        if (!GrossParallel(raster, woerter, schnellStart, radBis, grossBis, grossSchritte, faeden,
+                           [&](uint64_t fertig) { return weiter(bloecke + fertig, gesamt); })) {
+            return false;
         }
-        gepuffert = 0;
-    };
-    for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
-        const uint64_t von = radBis + 1 + schritt * BlockZahlen;
-        const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
-        SiebPrimzahlen(von, bis, [&](uint64_t p) {
-            uint32_t j;
-            uint64_t pos = ErsterVielfacher(schnellStart, p, j);
-            if (!eimerNutzen) {
-                RadStreichen(raster, pos, p, j, spanne);
-                return;
+    } else {
+        // Primes beyond a block strike it at most once, all over the window. Struck directly, each
+        // strike would wait for main memory; so the hits are first sorted into one bucket per
+        // block (word index and bit in one 32-bit entry, appended to a few sequential streams)
+        // and then struck bucket by bucket, each within one block in the cache.
+        const bool eimerNutzen = woerter < (uint64_t(1) << 27);
+        std::vector<std::vector<uint32_t>> eimer(eimerNutzen ? bloecke : 0);
+        size_t gepuffert = 0;
+        const auto eimerLeeren = [&] {
+            for (std::vector<uint32_t>& e : eimer) {
+                for (uint32_t h : e) raster[h >> 5] |= 0x80000000u >> (h & 31);
+                e.clear();
             }
-            while (pos < spanne) {
-                const uint64_t w = pos / RasterSpanne;
-                const uint32_t bit = uint32_t(__builtin_clz(RestMaske[pos - w * RasterSpanne]));
-                eimer[w / BlockWoerter].push_back(uint32_t(w << 5) | bit);
-                ++gepuffert;
-                pos += p * RadLuecke[j];
-                j = (j + 1) & 7;
+            gepuffert = 0;
+        };
+        // The primes come in batches whose remainders are taken in one tight loop first: there the
+        // divisions of neighbouring primes overlap, instead of each waiting behind the branches of
+        // the enumeration and of the strikes (in a narrow window most large primes never strike,
+        // so the remainder is nearly all their cost).
+        constexpr size_t StapelGroesse = 512;
+        uint64_t stapel[StapelGroesse], reste[StapelGroesse];
+        size_t imStapel = 0;
+        const auto stapelAbarbeiten = [&] {
+            for (size_t i = 0; i < imStapel; ++i) reste[i] = schnellStart.Rest(30 * stapel[i]);
+            for (size_t i = 0; i < imStapel; ++i) {
+                const uint64_t p = stapel[i];
+                uint32_t j;
+                uint64_t pos = ErsterVielfacherAusRest(reste[i], p, j);
+                if (!eimerNutzen) {
+                    RadStreichen(raster, pos, p, j, spanne);
+                    continue;
+                }
+                while (pos < spanne) {
+                    const uint64_t w = pos / RasterSpanne;
+                    const uint32_t bit = uint32_t(__builtin_clz(RestMaske[pos - w * RasterSpanne]));
+                    eimer[w / BlockWoerter].push_back(uint32_t(w << 5) | bit);
+                    ++gepuffert;
+                    pos += p * RadLuecke[j];
+                    j = (j + 1) & 7;
+                }
             }
-        });
-        if (gepuffert > (size_t(1) << 22)) eimerLeeren();
-        if (beiSegment) beiSegment(kontext, bloecke + schritt + 1, gesamt);
+            imStapel = 0;
+        };
+        for (uint64_t schritt = 0; schritt < grossSchritte; ++schritt) {
+            const uint64_t von = radBis + 1 + schritt * BlockZahlen;
+            const uint64_t bis = std::min(grossBis, von + BlockZahlen - 1);
+            quelle(von, bis, [&](uint64_t p) {
+                stapel[imStapel++] = p;
+                if (imStapel == StapelGroesse) stapelAbarbeiten();
+            });
+            stapelAbarbeiten();
+            if (gepuffert > (size_t(1) << 22)) eimerLeeren();
+            if (!weiter(bloecke + schritt + 1, gesamt)) return false;
+        }
+        eimerLeeren();
     }
-    eimerLeeren();
 
     // The multiplier 1 struck the sieving primes themselves where the window reaches down to
     // them; they are primes and get their bits back. The number 1 is no prime.
     if (start <= grenze) {
         const uint64_t s64 = uint64_t(start);
-        SiebPrimzahlen(std::max<uint64_t>(s64, 7), std::min<uint64_t>(grenze, s64 + spanne - 1), [&](uint64_t p) {
+        quelle(std::max<uint64_t>(s64, 7), std::min<uint64_t>(grenze, s64 + spanne - 1), [&](uint64_t p) {
             const uint64_t pos = p - s64;
             raster[pos / RasterSpanne] &= ~RestMaske[pos % RasterSpanne];
         });
     }
     if (start == 0 && woerter) raster[0] |= BitMaske[1];
+    return true;
 }
+
+}  // namespace
+
+void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, U128 start, uint64_t grenze,
+                            SekundaerRueckruf beiSegment, void* kontext) {
+    // A raster altered by hand (RasterEcht off) decides itself which small numbers sieve.
+    FensterSiebenMit(
+        raster, woerter, start, grenze, RasterEcht,
+        [](uint64_t von, uint64_t bis, auto&& f) { SiebPrimzahlen(von, bis, f); },
+        [&](uint64_t fertig, uint64_t gesamt) {
+            if (beiSegment) beiSegment(kontext, fertig, gesamt);
+            return true;
+        });
+}
+
+bool FensterSiebenMitPrimzahlen(uint32_t* raster, uint64_t woerter, Zahl128 start, const std::vector<uint32_t>& primzahlen,
+                                SiebWeiter weiter, void* kontext) {
+    const uint64_t grenze = primzahlen.empty() ? 0 : primzahlen.back();
+    return FensterSiebenMit(
+        raster, woerter, start, grenze, true,
+        [&](uint64_t von, uint64_t bis, auto&& f) {
+            auto it = std::lower_bound(primzahlen.begin(), primzahlen.end(), von);
+            for (; it != primzahlen.end() && *it <= bis; ++it) f(uint64_t(*it));
+        },
+        [&](uint64_t fertig, uint64_t gesamt) { return weiter(kontext, fertig, gesamt); });
+}
+
 
 // ---- the entries of the windows ------------------------------------------------------------
 
@@ -399,7 +559,8 @@ bool SekundaerPruefen(const Decimal& start, const Decimal& laenge) {
         MsgInfoText("Primär und Sekundärbereich überschneiden sich...\nErhöhen Sie den Primärbereich!");
         return false;
     }
-    if (start > PrimaerQuadrat || laenge > Decimal(GrenzeLong) || start + laenge > PrimaerQuadrat) {
+    const Decimal quadrat = SekundaerExaktBis();
+    if (start > quadrat || laenge > Decimal(GrenzeLong) || start + laenge > quadrat) {
         if (MsgFrage(404) != AntwortJa) return false;
     }
     return SekundaerSieben(start, laenge);
@@ -427,6 +588,18 @@ void fortschrittMelden(void* kontext, uint64_t fertig, uint64_t gesamt) {
 
 }  // namespace
 
+uint64_t SekundaerSiebReichweite() {
+    const uint64_t raster = rasterReichweite();
+    // A raster altered by hand gives no true primes to sieve further with.
+    if (!RasterEcht || raster < 1000) return raster;
+    return std::max(raster, SegmentDurchgangBis);
+}
+
+Decimal SekundaerExaktBis() {
+    const Decimal reichweite(SekundaerSiebReichweite());
+    return PrimaerQuadrat > reichweite * reichweite ? PrimaerQuadrat : reichweite * reichweite;
+}
+
 bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
     if (start.IstNegativ() || laenge.IstNegativ()) {
         MsgBereich();
@@ -451,7 +624,7 @@ bool SekundaerSieben(const Decimal& start, const Decimal& laenge) {
     // The last word reaches 119 beyond SekundaerEnde, and SekundaerEnde + 1 may be the square
     // of the next prime: the sieving primes go up to the root of the last number held.
     Decimal grenze = GanzeWurzel(neuStart + Decimal(woerter * RasterSpanne - 1));
-    if (PrimaerGrenze < grenze) {
+    if (Decimal(SekundaerSiebReichweite()) < grenze) {
         grenze = PrimaerGrenze;
         MsgInfo(514);
     }

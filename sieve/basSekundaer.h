@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "frame/Decimal.h"
 #include "frame/basZentral.h"
@@ -38,11 +39,24 @@ void SekundaerFortschrittLoesen();
 // Text 402 on the right, left and percentage empty, an empty bar, the frame shown.
 void SekundaerFortschrittZeigen(SekundaerFortschrittZiel& ziel);
 
-// The checking entry: overlap with the primary range (box, false), a range beyond the square
-// of the primary limit or longer than GrenzeLong (question 404; No gives false), then the sieve.
+// Sieving primes above the primary raster are found by a segmented pass over the numbers
+// beyond it (sieved by the raster's primes, a level deeper where needed). The windows take it
+// up to the root of 2^64, where it costs about a second; every window inside 64 bits is then
+// exact whatever the raster's limit.
+inline constexpr uint64_t SegmentDurchgangBis = uint64_t(1) << 32;
+// The greatest sieving prime a window can have: the raster's limit, or SegmentDurchgangBis
+// above a finished true raster; 0 without a finished run.
+uint64_t SekundaerSiebReichweite();
+// Up to where a window is exact: the square of the reach, or of the primary limit if larger.
+Decimal SekundaerExaktBis();
+
+// The checking entry: overlap with the primary range (box, false), a range beyond
+// SekundaerExaktBis or longer than GrenzeLong (question 404; No gives false), then the sieve.
 bool SekundaerPruefen(const Decimal& start, const Decimal& laenge);
 // The sieve without checks. SekundaerStart = start rounded down to a multiple of 120,
-// SekundaerEnde = (start + laenge) rounded down to one, plus 120. Out of memory: "SW - Speicher"
+// SekundaerEnde = (start + laenge) rounded down to one, plus 120. The sieving primes go up to
+// the root of the window's end; where that lies beyond SekundaerSiebReichweite, only the
+// raster's primes sieve and information 514 says so. Out of memory: "SW - Speicher"
 // and false, the old range left standing.
 bool SekundaerSieben(const Decimal& start, const Decimal& laenge);
 // Primes n of the range with von <= n <= bis; text 207 and 0 if [von, bis] leaves the range.
@@ -63,6 +77,14 @@ bool SekundaerAnfrageGross();
 using SekundaerRueckruf = void (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
 void SekundaerFensterSieben(uint32_t* raster, uint64_t woerter, Zahl128 start, uint64_t grenze,
                             SekundaerRueckruf beiSegment = nullptr, void* kontext = nullptr);
+
+// The same engine with the sieving primes given (ascending, from 7, the last one the bound),
+// for callers that have them at hand and must not read the primary raster: the segmented
+// build of that raster itself, whose worker threads each sieve their own part. weiter is
+// called after each block and ends the window early by returning false (then false).
+using SiebWeiter = bool (*)(void* kontext, uint64_t fertig, uint64_t gesamt);
+bool FensterSiebenMitPrimzahlen(uint32_t* raster, uint64_t woerter, Zahl128 start,
+                                const std::vector<uint32_t>& primzahlen, SiebWeiter weiter, void* kontext);
 
 // Held by a job that reads or strikes SekundaerRaster across its yields. Code that runs inside
 // one of those yields (a repaint, a click in another window) must not replace the raster: the

@@ -34,6 +34,7 @@
 #include "frame/basZentral.h"
 #include "sieve/Blockdateien.h"
 #include "sieve/PrimaerLauf.h"
+#include "sieve/SiebSegmentiert.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/basMaxPrimaer.h"
 #include "sieve/basSiebwerk.h"
@@ -97,6 +98,25 @@ private:
 
 // "0,85": the seconds of a run as the status line shows them.
 QString sekundenText(double sekunden) { return QString::number(sekunden, 'f', 2).replace('.', DezimalTrenner); }
+
+// The status line that shows the share done of a segmented run; set only while one runs.
+QLabel* fortschrittsZeile = nullptr;
+
+void fortschrittZeigen(int32_t prozent) {
+    if (fortschrittsZeile) fortschrittsZeile->setText(q(TextP1(1701, prozent)));
+}
+
+// Lends the status line to the segmented sieve for one run.
+struct FortschrittLeihen {
+    explicit FortschrittLeihen(QLabel* zeile) {
+        fortschrittsZeile = zeile;
+        SiebFortschrittHook = &fortschrittZeigen;
+    }
+    ~FortschrittLeihen() {
+        SiebFortschrittHook = nullptr;
+        fortschrittsZeile = nullptr;
+    }
+};
 
 }  // namespace
 
@@ -430,6 +450,7 @@ void frmStart::Lauf(int methode) {
     StoppUhrStart(beschriftung(btnStart_[methode]).toStdString());
     double sekunden = 0;
     try {
+        FortschrittLeihen fortschritt(lblAnzeige_);
         MethodeAusfuehren(methode);
         sekunden = Timer() - StartZeit;
         StoppUhrStop();

@@ -13,12 +13,15 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <optional>
 
 #include "frame/Meldungen.h"
 #include "frame/Pfade.h"
 #include "frame/Zahlformat.h"
+#include "frame/Texte.h"
 #include "frame/basZentral.h"
+#include "sieve/SiebSegmentiert.h"
 #include "windows/Fenster.h"
 #include "windows/Steuerelemente.h"
 
@@ -40,13 +43,15 @@ StartOptionen::StartOptionen(QWidget* eltern) : QGroupBox(eltern) {
     seiten_ = new QStackedWidget(this);
     lay->addWidget(seiten_);
 
-    // System: folder of block files, stop watch.
+    // System: folder of block files, stop watch, threads of the segmented sieve.
     auto* system = Benannt(new QWidget(seiten_), "fraSystem");
     auto* sysLay = new QFormLayout(system);
     txtPath_ = Benannt(new QLineEdit(system), "txtPath");
     chkStoppUhr_ = Benannt(new QCheckBox(system), "chkStoppUhr");
     sysLay->addRow(Benannt(new QLabel(system), "lblPath"), txtPath_);
     sysLay->addRow(chkStoppUhr_);
+    txtThreads_ = feld(system, "txtThreads", 60);
+    sysLay->addRow(Benannt(new QLabel(system), "lblThreads"), txtThreads_);
     seiten_->addWidget(system);
 
     // Number display: grouping, decimals, shortening.
@@ -175,6 +180,7 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
     const int32_t intern = zahl(txtNachKommaIntern_, NachKommaIntern, 0, 1000);
     int32_t maxStellen = zahl(txtMaxFormatStellen_, MaxFormatStellen, 0, 2000000000);
     int32_t basis = zahl(txtZahlenSystem_, ZahlenSystem, 0, 1000);
+    const int32_t faeden = zahl(txtThreads_, SiebFaeden, 0, 256);
     if (!lesbar) return false;
     if (maxStellen < 10) {
         if (pruefen) {
@@ -201,6 +207,7 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
     for (int i = 0; i < 4; ++i) GrossZahlFarbe[i] = static_cast<int32_t>(HintergrundFarbe(farben_[i]));
     if (pfadDa) ProgrammPfad = MitSchraegstrich(pfad.toStdString());
     StoppUhrAktiv = chkStoppUhr_->isChecked();
+    SiebFaeden = std::clamp(faeden, 0, 256);
     ZahlenSystem = basis;
     lblBasis_->setText(q(BasisBeschriftung()));
     MusterAuffrischen();
@@ -219,6 +226,7 @@ void StartOptionen::AusVariablen() {
     for (int i = 0; i < 4; ++i) HintergrundFarbeSetzen(farben_[i], GrossZahlFarbe[i]);
     txtPath_->setText(q(ProgrammPfad));
     chkStoppUhr_->setChecked(StoppUhrAktiv);
+    txtThreads_->setText(QString::number(SiebFaeden));
     txtZahlenSystem_->setText(QString::number(ZahlenSystem));
     lblBasis_->setText(q(BasisBeschriftung()));
     MusterAuffrischen();
@@ -238,6 +246,7 @@ QStringList StartOptionen::Auflistung() const {
     QStringList zeilen;
     zeilen << QStringLiteral("%1 %2").arg(titel(findChild<QLabel*>("lblPath")), q(ProgrammPfad));
     zeilen << QStringLiteral("%1 %2").arg(chkStoppUhr_->text(), StoppUhrAktiv ? "✓" : "–");
+    zeilen << q(TextP1(1702, std::to_string(SiebFaedenWirksam())));
     zeilen << QStringLiteral("1234567890 → %1").arg(q(ZahlFormat(static_cast<long long>(1234567890))));
     zeilen << QStringLiteral("%1 %2").arg(titel(findChild<QLabel*>("lblNachKommaExtern"))).arg(NachKommaExtern);
     zeilen << QStringLiteral("%1 %2").arg(titel(findChild<QLabel*>("lblNachKommaIntern"))).arg(NachKommaIntern);

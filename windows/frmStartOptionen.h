@@ -54,6 +54,7 @@ private:
     QCheckBox* chkStellenZahl_;
     QLineEdit* txtPath_;
     QCheckBox* chkStoppUhr_;
+    QLineEdit* txtThreads_;
     QLabel* farben_[4];
     QLabel* lblBigZahl_;
     QLabel* lblTextFarbe_;

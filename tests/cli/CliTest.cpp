@@ -170,7 +170,7 @@ TEST_F(Cli, FalscheEingaben) {
         {"isprime -7", ""}, {"isprime 2.5", ""}, {"isprime 1.5e0", "fraction"}, {"count 2 2^96", "too large"},
         {"sieve 999", "1.000"}, {"sieve 3e9 --method 1", "2.000.000.000"},
         {"sieve 1e12 --method 0", ""},  // word indices beyond 32 bits
-        {"sieve 1e6 --method 7", ""}, {"count 2 10 --limit 999", "1.000"},
+        {"sieve 1e6 --method 8", ""}, {"sieve 1e6 --method 7 --threads 0", "threads"}, {"count 2 10 --limit 999", "1.000"},
         {"count 2 10 --limit 1e6 --block x", "exclude"}, {"frobnicate", ""},
         {"twins 5 1", ""}, {"twins x 10", ""}, {"count 1e29 1e29", ""}, {"primes 3e9 2e9", ""},
         // Formulas: each refusal names the argument.

@@ -98,11 +98,12 @@ TEST_F(Sekundaer, ZufaelligeFensterBisZumQuadrat) {
     EXPECT_TRUE(ui.meldungen.empty());
 }
 
-// Above 2^64 the primary raster cannot reach the root: the window is free of the factors up
-// to the limit (information 514), and exactly that is compared, up to the top of the Decimal.
+// Well above 2^64 neither the primary raster nor the segmented pass reach the root: the window
+// is free of the factors up to the limit (information 514), and exactly that is compared, up
+// to the top of the Decimal.
 TEST_F(Sekundaer, UeberZweiHoch64NurBisZurGrenze) {
     Primaer(9000000);
-    for (U128 von : {(U128(1) << 64) - 4000, U128(100000000000ull) * 1000000000ull, (U128(1) << 96) - 200000}) {
+    for (U128 von : {(U128(1) << 66) - 4000, U128(100000000000ull) * 1000000000ull, (U128(1) << 96) - 200000}) {
         ui.meldungen.clear();
         ASSERT_TRUE(SekundaerSieben(Dec128(von), Decimal(150000)));
         ASSERT_EQ(ui.meldungen.size(), 1u);
@@ -149,20 +150,22 @@ TEST_F(Sekundaer, UeberschneidungUndQuadratFragen) {
     EXPECT_NE(ui.meldungen[0].text.find("überschneiden"), std::string::npos);
     EXPECT_EQ(SekundaerStart, Decimal(5000000 / 120 * 120));
 
-    // Beyond the square: No leaves everything as it was.
+    // Beyond what the raster and the segmented pass can sieve (2^64): No leaves everything as
+    // it was.
+    const U128 oben = (U128(1) << 64) + 1000003000000ull;
     ui.meldungen.clear();
     ui.antworten = {AntwortNein};
-    EXPECT_FALSE(SekundaerPruefen(Decimal(int64_t(1000003000000)), Decimal(10000)));
+    EXPECT_FALSE(SekundaerPruefen(Dec128(oben), Decimal(10000)));
     ASSERT_EQ(ui.meldungen.size(), 1u);
     EXPECT_EQ(ui.meldungen[0].text, Text(404));
     EXPECT_EQ(SekundaerRaster, vorher);
     // Yes sieves as far as the raster goes, and says so.
     ui.meldungen.clear();
     ui.antworten = {AntwortJa};
-    EXPECT_TRUE(SekundaerPruefen(Decimal(int64_t(1000003000000)), Decimal(10000)));
+    EXPECT_TRUE(SekundaerPruefen(Dec128(oben), Decimal(10000)));
     ASSERT_EQ(ui.meldungen.size(), 2u);
     EXPECT_EQ(ui.meldungen[1].text, Text(514));
-    Vergleichen(1000003000000, 10000, 1000000);
+    Vergleichen(oben, 10000, 1000000);
 }
 
 TEST_F(Sekundaer, ZaehlenAusserhalbUndAnDenGrenzen) {

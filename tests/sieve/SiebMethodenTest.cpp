@@ -1,4 +1,4 @@
-// The seven build methods against a plain sieve of Eratosthenes and against each other, and
+// The eight build methods against a plain sieve of Eratosthenes and against each other, and
 // the steps of a run that every method shares.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -73,13 +73,15 @@ TEST_F(SiebMethoden, AbgelehnteGrenzenUndMethoden) {
     EXPECT_NE(ui.meldungen[0].text.find("1.000"), std::string::npos);  // text 469
     EXPECT_FALSE(RasterBereit);
 
-    // Above GrenzeLong only methods 0 and 3; the others are refused before anything is
+    // Above GrenzeLong only methods 0, 3 and 7; the others are refused before anything is
     // allocated, with text 520.
     ui.meldungen.clear();
     ASSERT_TRUE(GrenzeSetzen(Decimal(2000001000)));
     EXPECT_EQ(RasterLetzterIndex, 16666675);
     for (int32_t m = 0; m < MethodenAnzahl; ++m) {
-        EXPECT_EQ(MethodeZulaessig(m), m == MethodeProdukt || m == MethodeBereichBeschaffen) << m;
+        EXPECT_EQ(MethodeZulaessig(m),
+                  m == MethodeProdukt || m == MethodeBereichBeschaffen || m == MethodeSegmentiert)
+            << m;
     }
     EXPECT_EQ(ui.meldungen.size(), 5u);
     EXPECT_NE(ui.meldungen[0].text.find("2.000.000.000"), std::string::npos);  // text 520
