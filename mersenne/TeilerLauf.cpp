@@ -76,7 +76,7 @@ public:
         for (uint64_t stueck = a_.von; stueck <= bis && !ende_; stueck += kStueck) {
             primzahlenIn(uint32_t(stueck), uint32_t(std::min<uint64_t>(bis, stueck + kStueck - 1)), primzahlen);
             for (uint32_t p : primzahlen) {
-                Exponent(p);
+                ExponentBearbeiten(p);
                 t.FestschreibenNach(kFestschreibenSekunden);
                 if (!ende_) nachgeben(p, 0);
                 if (ende_) break;
@@ -88,7 +88,7 @@ public:
     std::exception_ptr fehler;  // a yield that threw: rethrown once everything is committed
 
 private:
-    void Exponent(uint32_t p) {
+    void ExponentBearbeiten(uint32_t p) {
         befund.letzter = p;
         ++befund.exponenten;
         if (anzeige_ != nullptr) anzeige_->Exponent(p);
