@@ -88,6 +88,8 @@ void zeileAbgleichen(int32_t p, const PrimZeile& fremd, AbgleichBericht& b) {
 }  // namespace
 
 AbgleichBericht DbZusammenfuehren(const std::string& fremderOrdner) {
+    // An empty field would name the working folder, which is the own database folder.
+    if (fremderOrdner.empty()) throw Laufzeitfehler(DbFehlerNummer, Text(1529));
     const std::string ordner = MitSchraegstrich(fremderOrdner);
     std::error_code fehler;
     if (fs::equivalent(ordner, DbOrdner(), fehler)) throw Laufzeitfehler(DbFehlerNummer, TextP1(1520, ordner));

@@ -164,6 +164,12 @@ TEST_F(DbImport_, ZweiOrdnerZusammenfuehren) {
 
     EXPECT_EQ(GeworfeneNummer([&] { DbZusammenfuehren(Ordner()); }), DbFehlerNummer);
     EXPECT_EQ(GeworfeneNummer([&] { DbZusammenfuehren(Ordner() + "leer/"); }), DbFehlerNummer);
+    try {  // an empty field would name the working folder
+        DbZusammenfuehren("");
+        ADD_FAILURE() << "an empty folder was merged";
+    } catch (const Laufzeitfehler& e) {
+        EXPECT_EQ(e.Beschreibung(), Text(1529));
+    }
     DbSchliessen();
     Fremdzugriff(fremd + "Prim.db").Ausfuehren("UPDATE t_Prim SET TeilerPot = 99999 WHERE Primzahl = 17");
     schreibeDatei(fremd + "Prim3.db", "kein SQLite");
