@@ -31,8 +31,8 @@ class Walk {
         Hyp eins(a_.tiefe / 32 + 2);
         eins[1] = 1;
         switch (a_.art) {
-            case ExtremArt::Voll: voll(eins, a_.tiefe, 0); break;
-            case ExtremArt::ZielM: zielM(eins, a_.tiefe, 0); break;
+            case ExtremArt::Voll:
+            case ExtremArt::ZielM: baum(eins, a_.tiefe, 0); break;
             case ExtremArt::Pfad: pfad(eins, a_.tiefe, 0); break;
         }
         return erg_;
@@ -71,39 +71,26 @@ class Walk {
         return regel_.Vorgaenger(p) && aMOD2(p[1]) != 0 && aCmpHyp32(p, 1) > 0;
     }
 
-    void voll(const Hyp& x, int32_t d, int32_t m) {
+    // The tree below x, d levels deep, m multiplications so far. With a target m a branch is
+    // cut where the remaining levels cannot bring the multiplications up to it, and only the
+    // leaves that reach it exactly count.
+    void baum(const Hyp& x, int32_t d, int32_t m) {
         if (stopp()) return;
+        if (a_.art == ExtremArt::ZielM && (m > a_.zielM || d < a_.zielM - m)) return;
         if (!imBereich(x)) {
             erg_.vollstaendig = false;
             return;
         }
-        const int32_t d1 = d - 1;
         char& stelle = muster_[size_t(d - 1)];
         Hyp y = doppelt(x);
         stelle = '.';
-        if (d1 != 0) voll(y, d1, m); else blatt(y, m);
+        zweig(y, d - 1, m);
         stelle = '!';
-        if (ungerade(x, y)) {
-            if (d1 != 0) voll(y, d1, m + 1); else blatt(y, m + 1);
-        }
+        if (ungerade(x, y)) zweig(y, d - 1, m + 1);
     }
-
-    // Cut where the remaining levels cannot bring the multiplications up to the target.
-    void zielM(const Hyp& x, int32_t d, int32_t m) {
-        if (stopp() || m > a_.zielM || d < 1 || d < a_.zielM - m) return;
-        if (!imBereich(x)) {
-            erg_.vollstaendig = false;
-            return;
-        }
-        const int32_t d1 = d - 1;
-        char& stelle = muster_[size_t(d - 1)];
-        Hyp y = doppelt(x);
-        stelle = '.';
-        if (d1 == 0 && m == a_.zielM) blatt(y, m); else zielM(y, d1, m);
-        stelle = '!';
-        if (ungerade(x, y)) {
-            if (d1 == 0 && m + 1 == a_.zielM) blatt(y, m + 1); else zielM(y, d1, m + 1);
-        }
+    void zweig(const Hyp& y, int32_t d, int32_t m) {
+        if (d != 0) baum(y, d, m);
+        else if (a_.art != ExtremArt::ZielM || m == a_.zielM) blatt(y, m);
     }
 
     // One path, the odd branch first; a multiple of 3 has no odd predecessor, so the path
