@@ -22,6 +22,7 @@
 #include "frame/StoppUhr.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
+#include "windows/ListenMenue.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
@@ -62,7 +63,10 @@ frmCollatzBig::frmCollatzBig(QWidget* eltern) : Fenster("frmCollatzBig", eltern)
     listen->addWidget(label1_, 0, 1);
     list1_ = Benannt(new QListWidget(mitte), "List1");
     list4_ = Benannt(new QListWidget(mitte), "List4");
-    for (QListWidget* l : {list1_, list4_}) l->setUniformItemSizes(true);
+    for (QListWidget* l : {list1_, list4_}) {
+        l->setUniformItemSizes(true);
+        ListenMenueAnlegen(l);
+    }
     listen->addWidget(list1_, 1, 0);
     listen->addWidget(list4_, 1, 1);
     lay->addLayout(listen, 1);

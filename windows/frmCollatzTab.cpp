@@ -24,6 +24,7 @@
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "windows/ListenMenue.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 #include "zahlkern/zahlkern.h"
@@ -107,6 +108,7 @@ frmCollatzTab::frmCollatzTab(QWidget* eltern) : Fenster("frmCollatzTab", eltern)
     QFont mono("Courier New");
     mono.setStyleHint(QFont::TypeWriter);
     List1_->setFont(mono);
+    ListenMenueAnlegen(List1_);
     lay->addWidget(List1_, 1);
     setCentralWidget(mitte);
 
