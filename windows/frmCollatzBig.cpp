@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -82,7 +83,19 @@ frmCollatzBig::frmCollatzBig(QWidget* eltern) : Fenster("frmCollatzBig", eltern)
     label1Text_ = label1_->text();
     ruheText_ = btnGO_->text();
     rechteSeiteBeschriften();
-    if (!CollatzBigStart.empty()) txtPrim_->setText(q(CollatzBigStart));
+    if (!CollatzBigStart.empty()) {
+        txtPrim_->setText(q(CollatzBigStart));
+        startUebergeben_ = true;
+    }
+}
+
+void frmCollatzBig::showEvent(QShowEvent* e) {
+    Fenster::showEvent(e);
+    // The user came from a bar to see its walk: show it at once instead of two empty lists.
+    if (startUebergeben_) {
+        startUebergeben_ = false;
+        QTimer::singleShot(0, this, Sicher([this] { Berechnen(); }));
+    }
 }
 
 void frmCollatzBig::rechteSeiteBeschriften() {

@@ -114,6 +114,7 @@ frmCollatzGrafExtrem::frmCollatzGrafExtrem(QWidget* eltern) : Fenster("frmCollat
         lblCol_[i]->setFixedSize(16, 16);
         lblCol_[i]->setAutoFillBackground(true);
         HintergrundFarbeSetzen(lblCol_[i], FarbeNummer(QColor(kFarben[i])));
+        lblCol_[i]->setFrameShape(QFrame::Box);  // a white colour stays visible
         lblCol_[i]->setCursor(Qt::PointingHandCursor);
         lblCol_[i]->installEventFilter(this);
         zeile3->addWidget(lblCol_[i]);
