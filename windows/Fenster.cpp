@@ -143,6 +143,8 @@ void Fenster::TexteLaden() {
         if (auto* t = qobject_cast<QLineEdit*>(o)) {
             if (TextFeldUebernimmt(st.text)) t->setText(text);
         } else if (auto* l = qobject_cast<QListWidget*>(o)) {
+            // A list whose entry carries only a tool tip starts empty, not with one blank row.
+            if (st.text.empty()) continue;
             l->clear();
             for (const std::string& e : ListenEintraege(st.text)) l->addItem(q(e));
             if (l->count() > 0) l->setCurrentRow(0);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -22,6 +23,7 @@
 #include "frame/StoppUhr.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
+#include "windows/ListenMenue.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
@@ -62,7 +64,10 @@ frmCollatzBig::frmCollatzBig(QWidget* eltern) : Fenster("frmCollatzBig", eltern)
     listen->addWidget(label1_, 0, 1);
     list1_ = Benannt(new QListWidget(mitte), "List1");
     list4_ = Benannt(new QListWidget(mitte), "List4");
-    for (QListWidget* l : {list1_, list4_}) l->setUniformItemSizes(true);
+    for (QListWidget* l : {list1_, list4_}) {
+        l->setUniformItemSizes(true);
+        ListenMenueAnlegen(l);
+    }
     listen->addWidget(list1_, 1, 0);
     listen->addWidget(list4_, 1, 1);
     lay->addLayout(listen, 1);
@@ -78,7 +83,19 @@ frmCollatzBig::frmCollatzBig(QWidget* eltern) : Fenster("frmCollatzBig", eltern)
     label1Text_ = label1_->text();
     ruheText_ = btnGO_->text();
     rechteSeiteBeschriften();
-    if (!CollatzBigStart.empty()) txtPrim_->setText(q(CollatzBigStart));
+    if (!CollatzBigStart.empty()) {
+        txtPrim_->setText(q(CollatzBigStart));
+        startUebergeben_ = true;
+    }
+}
+
+void frmCollatzBig::showEvent(QShowEvent* e) {
+    Fenster::showEvent(e);
+    // The user came from a bar to see its walk: show it at once instead of two empty lists.
+    if (startUebergeben_) {
+        startUebergeben_ = false;
+        QTimer::singleShot(0, this, Sicher([this] { Berechnen(); }));
+    }
 }
 
 void frmCollatzBig::rechteSeiteBeschriften() {

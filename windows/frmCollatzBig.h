@@ -29,8 +29,10 @@ public:
 
 protected:
     std::optional<QStringList> ListenText() override;
+    void showEvent(QShowEvent* e) override;
 
 private:
+    bool startUebergeben_ = false;  // opened with a start of the bar graphic: walk it on showing
     void anfuegen(QListWidget* liste, const std::string& text);
     void rechteSeiteBeschriften();
 

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 #include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
@@ -27,6 +28,7 @@
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "windows/Bild.h"
+#include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
@@ -43,6 +45,9 @@ int ganzzahl(const QLineEdit* feld, int standard = 0) {
     const int v = feld->text().trimmed().toInt(&ok);
     return ok ? v : standard;
 }
+
+// Bars wider than this fit no window; the bound keeps the pixel arithmetic within int.
+constexpr int kBalkenMax = 10000;
 
 // The default colours of lblCol: background, "!", ".", outline and grid, scale.
 constexpr QRgb kFarben[5] = {0xFFFFFF, 0xC00000, 0x4080FF, 0x404040, 0x000000};
@@ -98,17 +103,20 @@ frmCollatzGrafExtrem::frmCollatzGrafExtrem(QWidget* eltern) : Fenster("frmCollat
     lay->addLayout(zeile2);
 
     auto* zeile3 = new QHBoxLayout;
-    auto* btnGO = Benannt(new QPushButton("Zeichnen", mitte), "btnGO");
+    btnGO_ = Benannt(new QPushButton("Zeichnen", mitte), "btnGO");
     auto* btnTabelle = Benannt(new QPushButton("Tabelle", mitte), "btnTabelle");
     auto* btnExtrem = Benannt(new QPushButton("Extremsuche", mitte), "btnExtremSuche");
     auto* btnBig = Benannt(new QPushButton("Große Startwerte", mitte), "btnCollatzBig");
-    for (QPushButton* b : {btnGO, btnTabelle, btnExtrem, btnBig}) zeile3->addWidget(b);
+    for (QPushButton* b : {btnGO_, btnTabelle, btnExtrem, btnBig}) zeile3->addWidget(b);
     zeile3->addStretch(1);
     for (int i = 0; i < 5; ++i) {
         lblCol_[i] = Benannt(new QLabel(mitte), "lblCol", i);
         lblCol_[i]->setFixedSize(16, 16);
         lblCol_[i]->setAutoFillBackground(true);
         HintergrundFarbeSetzen(lblCol_[i], FarbeNummer(QColor(kFarben[i])));
+        lblCol_[i]->setFrameShape(QFrame::Box);  // a white colour stays visible
+        lblCol_[i]->setCursor(Qt::PointingHandCursor);
+        lblCol_[i]->installEventFilter(this);
         zeile3->addWidget(lblCol_[i]);
     }
     lay->addLayout(zeile3);
@@ -128,7 +136,7 @@ frmCollatzGrafExtrem::frmCollatzGrafExtrem(QWidget* eltern) : Fenster("frmCollat
     lay->addLayout(flaeche, 1);
     setCentralWidget(mitte);
 
-    connect(btnGO, &QPushButton::clicked, this, Sicher([this] { Zeichnen(); }));
+    connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { Zeichnen(); }));
     connect(txtVon_, &QLineEdit::returnPressed, this, Sicher([this] { Zeichnen(); }));
     connect(btnTabelle, &QPushButton::clicked, this, Sicher([this] { TabelleOeffnen(); }));
     connect(btnExtrem, &QPushButton::clicked, this, Sicher([this] { FensterOeffnen("frmExtremSuche", -1, this); }));
@@ -141,6 +149,26 @@ frmCollatzGrafExtrem::frmCollatzGrafExtrem(QWidget* eltern) : Fenster("frmCollat
     connect(txtSkalaMax_, &QLineEdit::editingFinished, this, Sicher([this] { zeichnenMitSkala(true); }));
     resize(1000, 650);
     FensterLaden(QString::fromStdString(AktivesFenster), "NT");
+    ruheText_ = btnGO_->text();
+}
+
+bool frmCollatzGrafExtrem::laufStoppen() {
+    // Bars of starts with thousands of digits take long; the walks yield, and whatever the
+    // user asks for meanwhile (btnGO, which reads "Stop" then, navigation, a key) first ends
+    // the drawing: a second drawing inside the first would share the walk's number.
+    if (!Laeuft()) return false;
+    Abbruch = true;
+    return true;
+}
+
+int frmCollatzGrafExtrem::balkenBreite() const { return std::clamp(ganzzahl(txtBalkenBreite_, 1), 1, kBalkenMax); }
+
+void frmCollatzGrafExtrem::FarbeWaehlen(int index) {
+    if (laufStoppen()) return;
+    if (std::optional<QColor> farbe = FarbDialog(this, FarbeQt(HintergrundFarbe(lblCol_[index])))) {
+        HintergrundFarbeSetzen(lblCol_[index], FarbeNummer(*farbe));
+        zeichnenMitSkala(false);
+    }
 }
 
 int frmCollatzGrafExtrem::verfahren() const {
@@ -165,15 +193,17 @@ void frmCollatzGrafExtrem::showEvent(QShowEvent* e) {
 void frmCollatzGrafExtrem::Zeichnen() { zeichnenMitSkala(true); }
 
 void frmCollatzGrafExtrem::Reduktion(int richtung) {
+    if (laufStoppen()) return;
     txtReduktion_->setText(QString::number(std::max(0, ganzzahl(txtReduktion_) + richtung)));
     zeichnenMitSkala(true);
 }
 
 void frmCollatzGrafExtrem::Navigieren(int code) {
+    if (laufStoppen()) return;
     const Mpz von(Formel2Hyp(txtVon_->text().toStdString()));
     const bool quer = chkGrafikQuer_->isChecked();
     const int breite = quer ? picAnzeige_->height() : picAnzeige_->width();
-    const Mpz neu = BalkenNavigation(code, von, schritt(), breite, std::max(1, ganzzahl(txtBalkenBreite_, 1)));
+    const Mpz neu = BalkenNavigation(code, von, schritt(), breite, balkenBreite());
     // Grouped but never shortened: the field must give back the very number.
     txtVon_->setText(q(ZiffernGruppieren(Hyp2Text(MpzZuHyp(neu.get())))));
     zeichnenMitSkala(false);
@@ -215,10 +245,18 @@ void frmCollatzGrafExtrem::GrossOeffnen() {
 }
 
 void frmCollatzGrafExtrem::zeichnenMitSkala(bool autoSkala) {
+    if (laufStoppen()) return;
+    const Mpz start(Formel2Hyp(txtVon_->text().toStdString()));
     const Lauf lauf(*this);
+    Abbruch = false;
+    btnGO_->setText("Stop");
+    const auto ruhe = qScopeGuard([this] { btnGO_->setText(ruheText_); });
     StoppUhrStart(windowTitle().toStdString());
-    balken_ = std::max(1, ganzzahl(txtBalkenBreite_, 1));
-    start_ = Mpz(Formel2Hyp(txtVon_->text().toStdString()));
+    const auto uhr = qScopeGuard([] {
+        if (StoppUhr.laeuft) StoppUhrStop();
+    });
+    balken_ = balkenBreite();
+    start_ = start;
     schritt_ = schritt();
     verfahren_ = verfahren();
     k_ = std::max(0, ganzzahl(txtReduktion_));
@@ -227,10 +265,11 @@ void frmCollatzGrafExtrem::zeichnenMitSkala(bool autoSkala) {
     const int laengs = (quer ? picAnzeige_->width() : picAnzeige_->height()) - 2;
     anzahl_ = BalkenAnzahl(querPx, balken_);
 
-    // Each bar is walked once; the scale and the drawing both use its marks.
+    // Each bar is walked once; the scale and the drawing both use its marks. A stopped
+    // drawing shows the bars walked so far and leaves the others empty.
     std::vector<std::string> marken(size_t(std::max(anzahl_, 0)));
     size_t laengste = 1;
-    for (int n = 0; n < anzahl_; ++n) {
+    for (int n = 0; n < anzahl_ && !Abbruch; ++n) {
         marken[size_t(n)] = BalkenMarken(BalkenWert(start_, schritt_, n), verfahren_, k_);
         laengste = std::max(laengste, marken[size_t(n)].size());
     }
@@ -282,7 +321,6 @@ void frmCollatzGrafExtrem::zeichnenMitSkala(bool autoSkala) {
             }
         }
     });
-    StoppUhrStop();
 }
 
 void frmCollatzGrafExtrem::rasterZeichnen(int laengs, int querPx) {
@@ -303,8 +341,8 @@ void frmCollatzGrafExtrem::rasterZeichnen(int laengs, int querPx) {
             const int abstand = stufe == 0 ? klein : gross;
             if (abstand < 1 || abstand * mass_ < 2) continue;
             p.setPen(stufe == 0 ? linie.lighter(160) : linie);
-            for (int w = abstand; w * mass_ <= laengs; w += abstand) {
-                const int o = ort(w);
+            for (int64_t w = abstand; double(w) * mass_ <= laengs; w += abstand) {
+                const int o = ort(double(w));
                 if (quer) {
                     p.drawLine(o, 0, o, querPx);
                 } else {
@@ -317,9 +355,9 @@ void frmCollatzGrafExtrem::rasterZeichnen(int laengs, int querPx) {
     skala->Malen([&](QPainter& p) {
         p.setPen(schrift);
         const QFontMetrics fm(p.font());
-        for (int w = gross; w * mass_ <= laengs; w += gross) {
+        for (int64_t w = gross; double(w) * mass_ <= laengs; w += gross) {
             const QString t = QString::number(w);
-            const int o = ort(w);
+            const int o = ort(double(w));
             if (quer) {
                 p.drawText(o - fm.horizontalAdvance(t) / 2, fm.ascent(), t);
             } else {
@@ -355,7 +393,16 @@ std::string frmCollatzGrafExtrem::BalkenText(int position) {
 }
 
 bool frmCollatzGrafExtrem::eventFilter(QObject* o, QEvent* e) {
-    if (o == picAnzeige_ && e->type() == QEvent::MouseMove) {
+    if (e->type() == QEvent::MouseButtonPress) {
+        for (int i = 0; i < 5; ++i) {
+            if (o == lblCol_[i]) {
+                Behandeln([&] { FarbeWaehlen(i); });
+                return true;
+            }
+        }
+    }
+    // No tooltip while bars are walked: it would walk the number the drawing is walking.
+    if (o == picAnzeige_ && e->type() == QEvent::MouseMove && !Laeuft()) {
         const auto* m = static_cast<QMouseEvent*>(e);
         const QPoint p = m->position().toPoint();
         std::string text;

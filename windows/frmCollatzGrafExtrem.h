@@ -34,6 +34,8 @@ public:
     void GrossOeffnen();
     // The tooltip text of the bar under a position across the bars ("" outside them).
     std::string BalkenText(int position);
+    // A click on lblCol(index): the colour dialog, and the picture again in the new colour.
+    void FarbeWaehlen(int index);
 
 protected:
     void IconFensterAktion(const QString& tag) override;
@@ -44,9 +46,13 @@ protected:
 private:
     void zeichnenMitSkala(bool autoSkala);
     void rasterZeichnen(int laengs, int quer);
+    bool laufStoppen();
     int verfahren() const;
+    int balkenBreite() const;
     int64_t schritt() const;
 
+    QPushButton* btnGO_;
+    QString ruheText_;  // the caption of btnGO while no drawing runs
     QLineEdit* txtVon_;
     QLineEdit* txtPlus_;
     QPushButton* lblPlusMinus_;

@@ -24,6 +24,7 @@
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "windows/ListenMenue.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 #include "zahlkern/zahlkern.h"
@@ -34,6 +35,8 @@ namespace {
 QString q(const std::string& s) { return QString::fromStdString(s); }
 constexpr int ZahlRolle = Qt::UserRole + 8;    // the number of a row, for the row click
 constexpr int kListeVoll = 32001;              // a list this long is cleared before a new row
+constexpr int32_t kZaehlerMax = 2000000000;    // I, M and the limits are counted in 32 bits
+const Decimal kGroessteZahl = Decimal::ausBreit(Decimal::Breit(Decimal::Maximum));
 constexpr size_t kBaumGrenze = 32000;
 const QString kFind = "Find";
 int32_t ausrufe(const std::string& s) { return int32_t(std::count(s.begin(), s.end(), '!')); }
@@ -107,6 +110,7 @@ frmCollatzTab::frmCollatzTab(QWidget* eltern) : Fenster("frmCollatzTab", eltern)
     QFont mono("Courier New");
     mono.setStyleHint(QFont::TypeWriter);
     List1_->setFont(mono);
+    ListenMenueAnlegen(List1_);
     lay->addWidget(List1_, 1);
     setCentralWidget(mitte);
 
@@ -160,12 +164,21 @@ bool frmCollatzTab::eventFilter(QObject* o, QEvent* e) {
     return Fenster::eventFilter(o, e);
 }
 
-Decimal frmCollatzTab::schritt() const {
-    const QString t = txtStep_->text().trimmed();
-    Decimal s = t.isEmpty() ? Decimal(0) : TextZuDecimal(t.toStdString());
-    if (s.IstNull()) s = Decimal(1);  // a step of 0 would list one value forever
-    if (s.IstNegativ()) s = -s;
-    return lblPlusMinus_->text() == "-" ? -s : s;
+std::optional<Decimal> frmCollatzTab::feldWert(QLineEdit* feld, const Decimal& von, const Decimal& bis,
+                                               std::optional<Decimal> leer) {
+    if (leer && feld->text().trimmed().isEmpty()) return leer;
+    // The box names the field as its label does; the step has no label of its own.
+    const auto* beschriftung = Steuer<QLabel>(this, "lbl" + feld->objectName().mid(3));
+    const QString name = beschriftung ? beschriftung->text() : QStringLiteral("Schritt");
+    return ZahlEingabe(feld, name, von, bis);
+}
+
+std::optional<Decimal> frmCollatzTab::schritt() {
+    std::optional<Decimal> s = feldWert(txtStep_, -kGroessteZahl, kGroessteZahl, Decimal(0));
+    if (!s) return s;
+    if (s->IstNull()) s = Decimal(1);  // a step of 0 would list one value forever
+    if (s->IstNegativ()) s = -*s;
+    return lblPlusMinus_->text() == "-" ? -*s : *s;
 }
 
 void frmCollatzTab::suchenFreigeben() {
@@ -197,15 +210,18 @@ void frmCollatzTab::Zeile(const std::string& text, const Decimal* wert) {
 }
 
 void frmCollatzTab::TabelleFuellen() {
+    const std::optional<Decimal> step = schritt();
+    const std::optional<Decimal> von = feldWert(txtVon_, Decimal(0), kGroessteZahl);
+    if (!step || !von) return;
     List1_->clear();
-    const Decimal step = schritt();
-    Decimal x = TextZuDecimal(txtVon_->text().toStdString());
+    Decimal x = *von;
     const size_t breite = ZahlFormat(x).size();
     const bool dual = chkDualFolge_->isChecked();
     for (int zeile = 0; zeile < 200 && x >= Decimal(2); ++zeile) {
         Marks(x);
         zeileAnfuegen(q(CollatzTabZeile(x, letzteMarks_, breite, dual)), &x);
-        x += step;
+        if (x.Wert() + step->Wert() > Decimal::Breit(Decimal::Maximum)) break;  // the next start would not fit
+        x += *step;
     }
 }
 
@@ -217,13 +233,22 @@ void frmCollatzTab::Suchen() {
         return;
     }
     CollatzSuchAuftrag a;
-    a.start = TextZuDecimal(txtVon_->text().toStdString());
-    a.schritt = schritt();
+    const std::optional<Decimal> start = feldWert(txtVon_, Decimal(0), kGroessteZahl);
+    const std::optional<Decimal> step = start ? schritt() : std::nullopt;
     a.nurM = txtII_->text().trimmed().isEmpty();
-    if (!a.nurM) a.I = TextZuLong(txtII_->text().toStdString());
-    a.M = txtMM_->text().trimmed().isEmpty() ? 0 : TextZuLong(txtMM_->text().toStdString());
-    a.maxTreffer = txtAnzahl_->text().trimmed().isEmpty() ? 0 : TextZuLong(txtAnzahl_->text().toStdString());
-    a.maxBlock = txtBlockAnzahl_->text().trimmed().isEmpty() ? 0 : TextZuLong(txtBlockAnzahl_->text().toStdString());
+    const std::optional<Decimal> I = step ? feldWert(txtII_, Decimal(1), Decimal(kZaehlerMax), Decimal(0)) : std::nullopt;
+    const std::optional<Decimal> M = I ? feldWert(txtMM_, Decimal(0), Decimal(kZaehlerMax), Decimal(0)) : std::nullopt;
+    const std::optional<Decimal> treffer =
+        M ? feldWert(txtAnzahl_, Decimal(0), Decimal(kZaehlerMax), Decimal(0)) : std::nullopt;
+    const std::optional<Decimal> block =
+        treffer ? feldWert(txtBlockAnzahl_, Decimal(0), Decimal(kZaehlerMax), Decimal(0)) : std::nullopt;
+    if (!block) return;
+    a.start = *start;
+    a.schritt = *step;
+    a.I = I->AlsLong();
+    a.M = M->AlsLong();
+    a.maxTreffer = treffer->AlsLong();
+    a.maxBlock = block->AlsLong();
     a.schnell = chkQuickSearch_->isChecked() && !a.nurM;
     a.dual = chkDualFolge_->isChecked();
     if (a.schnell && !a.schritt.IstNegativ()) {
@@ -259,10 +284,14 @@ void frmCollatzTab::BaumZeigen() {
         }
         return;
     }
+    const std::optional<Decimal> tiefe = feldWert(txtII_, Decimal(0), Decimal(kZaehlerMax), Decimal(0));
+    const std::optional<Decimal> grenzeFeld =
+        tiefe ? feldWert(txtAnzahl_, Decimal(0), Decimal(kZaehlerMax), Decimal(0)) : std::nullopt;
+    if (!grenzeFeld) return;
     List1_->clear();
-    const int32_t n = txtII_->text().trimmed().isEmpty() ? 0 : TextZuLong(txtII_->text().toStdString());
+    const int32_t n = tiefe->AlsLong();
     if (n < 1) return;
-    const int32_t anzahl = txtAnzahl_->text().trimmed().isEmpty() ? 0 : TextZuLong(txtAnzahl_->text().toStdString());
+    const int32_t anzahl = grenzeFeld->AlsLong();
     const size_t grenze = anzahl > 0 ? size_t(anzahl) : kBaumGrenze;
     if (StartStopUmschalten(caption, testRuhe_.toStdString())) return;
     btnTest_->setText(q(caption));
@@ -300,23 +329,29 @@ void frmCollatzTab::BaumZeigen() {
 void frmCollatzTab::ParameterUmschalten() {
     Frame1_->setVisible(!Frame1_->isVisible());
     if (!Frame1_->isVisible()) return;
-    const std::string marks = CollatzFolge(TextZuDecimal(txtVon_->text().toStdString()), 0, 0, 0);
+    const std::optional<Decimal> von = feldWert(txtVon_, Decimal(0), kGroessteZahl);
+    if (!von) return;
+    const std::string marks = CollatzFolge(*von, 0, 0, 0);
     txtPot2_->setText(QString::number(marks.size()));
     txtPot6_->setText(QString::number(ausrufe(marks)));
     ErgebnisZeigen();
 }
 
-void frmCollatzTab::ErgebnisZeigen() {
-    const int32_t a = TextZuLong(txtPot2_->text().toStdString());
-    const int32_t b = TextZuLong(txtPot6_->text().toStdString());
-    lblErgebnis_->setText(q(Hyp2Anzeige(CollatzSchaetzung(a, b))));
+std::optional<Hyp> frmCollatzTab::schaetzung() {
+    const std::optional<Decimal> a = feldWert(txtPot2_, Decimal(0), Decimal(kZaehlerMax));
+    const std::optional<Decimal> b = a ? feldWert(txtPot6_, Decimal(0), Decimal(kZaehlerMax)) : std::nullopt;
+    if (!b) return std::nullopt;
+    Hyp h = CollatzSchaetzung(a->AlsLong(), b->AlsLong());
+    lblErgebnis_->setText(q(Hyp2Anzeige(h)));
+    return h;
 }
 
+void frmCollatzTab::ErgebnisZeigen() { schaetzung(); }
+
 void frmCollatzTab::WertUebernehmen() {
-    const int32_t a = TextZuLong(txtPot2_->text().toStdString());
-    const int32_t b = TextZuLong(txtPot6_->text().toStdString());
-    const Hyp h = CollatzSchaetzung(a, b);
-    lblErgebnis_->setText(q(Hyp2Anzeige(h)));
+    const std::optional<Hyp> schaetzungsWert = schaetzung();
+    if (!schaetzungsWert) return;
+    const Hyp& h = *schaetzungsWert;
     txtVon_->setText(q(ZahlFormat(Hyp2Text(h))));
     txtII_->setText(txtPot2_->text());
     txtMM_->setText(txtPot6_->text());

@@ -7,9 +7,11 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 #include "collatz/CollatzSuche.h"
 #include "windows/Fenster.h"
+#include "zahlkern/Hyp.h"
 
 class QCheckBox;
 class QLabel;
@@ -47,7 +49,12 @@ protected:
 private:
     std::string Marks(const Decimal& x) override;
     void Zeile(const std::string& text, const Decimal* wert) override;
-    Decimal schritt() const;
+    std::optional<Decimal> schritt();
+    // The estimate of txtPot2 and txtPot6 into lblErgebnis; nothing after a box about a field.
+    std::optional<Hyp> schaetzung();
+    // The value of a number field; leer stands for an empty field where that is allowed.
+    std::optional<Decimal> feldWert(QLineEdit* feld, const Decimal& von, const Decimal& bis,
+                                    std::optional<Decimal> leer = std::nullopt);
     void suchenFreigeben();
     void zeileAnfuegen(const QString& text, const Decimal* wert);
 

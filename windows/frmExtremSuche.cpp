@@ -23,6 +23,7 @@
 #include "frame/StoppUhr.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
+#include "windows/ListenMenue.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
@@ -30,9 +31,6 @@ namespace sw {
 
 namespace {
 QString q(const std::string& s) { return QString::fromStdString(s); }
-// Beyond this many rows a list no longer follows each new row: scrolling would cost more
-// than the walk.
-constexpr int kFolgenBis = 32500;
 }  // namespace
 
 frmExtremSuche::frmExtremSuche(QWidget* eltern) : Fenster("frmExtremSuche", eltern) {
@@ -86,6 +84,7 @@ frmExtremSuche::frmExtremSuche(QWidget* eltern) : Fenster("frmExtremSuche", elte
     List1_ = Benannt(new QListWidget(mitte), "List1");
     List1_->setSortingEnabled(true);
     List2_ = Benannt(new QListWidget(mitte), "List2");
+    for (QListWidget* l : {List1_, List2_}) ListenMenueAnlegen(l);
     lay->addWidget(List1_, 1);
     lay->addWidget(List2_, 1);
     setCentralWidget(mitte);
@@ -219,7 +218,9 @@ void frmExtremSuche::Treffer(const Hyp& wert, int32_t m, const std::string& must
     item->setData(CsvRolle, q(ExtremZeileCsv(f, breiten_.zeilen, Hyp2Text(wert))));
     QListWidget* liste = sichtbareListe();
     liste->addItem(item);
-    if (breiten_.zeilen < kFolgenBis) liste->scrollToItem(item);
+    // From the size where a list is too long for its menu it no longer follows each new row
+    // either: scrolling would cost more than the walk.
+    if (breiten_.zeilen < kAnzeigeGrenze) liste->scrollToItem(item);
     DoEvents();
     pause();
 }

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -18,6 +19,7 @@
 #include "windows/Bild.h"
 #include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
+#include "windows/ListenMenue.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
 
@@ -139,6 +141,108 @@ TEST_F(CollatzFenster, GrosseStartwerteBeideSeiten) {
     EXPECT_EQ(saetze.size(), links->count() + 1 + rechts->count());
     EXPECT_EQ(saetze[0], "\"" + links->item(0)->text() + "\"");
     EXPECT_EQ(Steuer<QLabel>(f, "Label1")->text(), "Blöcke");
+}
+
+// Whatever is typed into the bar graphic's fields draws or gets a German box, never a crash
+// or a bar arithmetic that overflows; the big start window likewise.
+TEST_F(CollatzFenster, FalscheEingabenZeichnenOderMelden) {
+    ASSERT_TRUE(FensterOeffnen("frmCollatzGrafExtrem", -1, nullptr));
+    auto* f = Offen<frmCollatzGrafExtrem>();
+    ASSERT_NE(f, nullptr);
+    f->resize(800, 600);
+    const char* const felder[] = {"txtVon", "txtPlus", "txtBalkenBreite", "txtSkala", "txtSkalaMax", "txtReduktion"};
+    const char* const texte[] = {"abc", "-7", "", "Formel: 10^10^10", "Formel: 10^(10^10)", "2147483647", "99999999999999999999", "5,-3,x"};
+    for (const char* feld : felder) {
+        auto* t = Steuer<QLineEdit>(f, feld);
+        ASSERT_NE(t, nullptr) << feld;
+        const QString vorher = t->text();
+        for (const char* text : texte) {
+            ui.meldungen.clear();
+            t->setText(text);
+            Steuer<QPushButton>(f, "btnGO")->click();
+            for (const auto& m : ui.meldungen) EXPECT_EQ(m.titel.rfind("SW - ", 0), 0u) << feld << " " << text << Meldungen();
+            // Only the formula beyond all memory may refuse: everything else draws.
+            if (std::string(text) != "Formel: 10^(10^10)" || std::string(feld) != "txtVon") {
+                EXPECT_TRUE(ui.meldungen.empty()) << feld << " " << text << Meldungen();
+            } else {
+                EXPECT_EQ(ui.meldungen.size(), 1u);
+            }
+            EXPECT_EQ(Steuer<QPushButton>(f, "btnGO")->text(), "Zeichnen");
+        }
+        t->setText(vorher);
+    }
+
+    ASSERT_TRUE(FensterOeffnen("frmCollatzBig", -1, nullptr));
+    auto* big = Offen<frmCollatzBig>();
+    ASSERT_NE(big, nullptr);
+    for (const char* feld : {"txtPrim", "txtReduktion"}) {
+        for (const char* text : texte) {
+            ui.meldungen.clear();
+            Steuer<QLineEdit>(big, feld)->setText(text);
+            Steuer<QPushButton>(big, "btnGO")->click();
+            for (const auto& m : ui.meldungen) EXPECT_EQ(m.titel.rfind("SW - ", 0), 0u) << feld << " " << text << Meldungen();
+            EXPECT_GT(Steuer<QListWidget>(big, "List1")->count() + int(ui.meldungen.size()), 0) << feld << " " << text;
+        }
+        Steuer<QLineEdit>(big, feld)->setText("27");
+    }
+}
+
+QPushButton* stopKnopf = nullptr;
+
+// A colour label opens the colour dialog and the picture takes the new colour; a drawing of
+// starts with thousands of digits stops at the click on btnGO (caption "Stop" meanwhile) and
+// leaves the bars it did not reach empty.
+TEST_F(CollatzFenster, FarbwahlUndStopp) {
+    ASSERT_TRUE(FensterOeffnen("frmCollatzGrafExtrem", -1, nullptr));
+    auto* f = Offen<frmCollatzGrafExtrem>();
+    ASSERT_NE(f, nullptr);
+    f->resize(800, 600);
+    auto* bild = Steuer<Bild>(f, "picAnzeige");
+    auto* hinten = Steuer<QLabel>(f, "lblCol", 0);
+    FarbDialogHook = [](const QColor&) { return std::optional<QColor>(QColor(10, 200, 30)); };
+    QMouseEvent klick(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(hinten, &klick);
+    FarbDialogHook = nullptr;
+    EXPECT_EQ(FarbeQt(HintergrundFarbe(hinten)), QColor(10, 200, 30));
+    const QImage& img = bild->Abbild();
+    EXPECT_EQ(img.pixelColor(img.width() - 2, 1), QColor(10, 200, 30));
+
+    Steuer<QLineEdit>(f, "txtVon")->setText("Formel: 7^5000");
+    Steuer<QLineEdit>(f, "txtBalkenBreite")->setText("1");
+    auto* go = Steuer<QPushButton>(f, "btnGO");
+    stopKnopf = go;
+    // The click comes at a later turn, when the first bars are walked.
+    ui.beiDoEvents = [] {
+        static int runde = 0;
+        EXPECT_EQ(stopKnopf->text(), "Stop");
+        if (++runde == 20) stopKnopf->click();
+    };
+    go->click();
+    ui.beiDoEvents = nullptr;
+    EXPECT_GT(ui.doEvents, 0);
+    EXPECT_EQ(go->text(), "Zeichnen");
+    EXPECT_FALSE(f->Laeuft());
+    // The first bar was walked at least in part; the last one stayed background.
+    const QImage& nachher = bild->Abbild();
+    const QColor grund = FarbeQt(HintergrundFarbe(hinten));
+    EXPECT_NE(nachher.pixelColor(5, nachher.height() - 3), grund);
+    EXPECT_EQ(nachher.pixelColor(nachher.width() - 20, nachher.height() - 3), grund);
+}
+
+// A list of 32,500 rows or more refuses its context menu with a message that says why and
+// how to get the rows out instead.
+TEST_F(CollatzFenster, LangeListeOhneKontextmenue) {
+    ASSERT_TRUE(FensterOeffnen("frmCollatzBig", -1, nullptr));
+    auto* liste = Steuer<QListWidget>(Offen<frmCollatzBig>(), "List1");
+    ASSERT_NE(liste, nullptr);
+    QStringList zeilen;
+    for (int i = liste->count(); i < kAnzeigeGrenze; ++i) zeilen << QString::number(i);
+    liste->addItems(zeilen);
+    ui.meldungen.clear();
+    EXPECT_FALSE(ListenMenueZeigen(liste, QPoint(1, 1)));
+    ASSERT_EQ(ui.meldungen.size(), 1u);
+    EXPECT_NE(ui.meldungen[0].text.find("Anzeigevolumen zu groß"), std::string::npos);
+    EXPECT_NE(ui.meldungen[0].text.find("32500"), std::string::npos);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "GuiTestUmgebung.h"
 #include "collatz/basCollatz.h"
 #include "frame/Texte.h"
+#include "frame/basZentral.h"
 #include "windows/Dialoge.h"
 #include "windows/Fensterregister.h"
 #include "windows/frmCollatzTab.h"
@@ -115,6 +116,57 @@ TEST_F(CollatzTabellenFenster, ExtremsucheImModusK) {
     ASSERT_EQ(ui.meldungen.size(), 1u);
     EXPECT_EQ(ui.meldungen[0].text, Text(441));
     f->close();
+}
+
+// Bad text in any field of the two windows, with the button that reads it: a result or a
+// German box, the buttons back at rest, and no run left behind. A search that would never end
+// (I = 2^31 - 1 from 27) is stopped as the user would, by the flag its yields look at.
+TEST_F(CollatzTabellenFenster, FalscheEingabenMeldenOderRechnen) {
+    struct Fall {
+        const char* fenster;
+        const char* feld;
+        const char* knopf;
+    };
+    const Fall faelle[] = {
+        {"frmCollatzTab", "txtVon", "btnGO"},          {"frmCollatzTab", "txtStep", "btnGO"},
+        {"frmCollatzTab", "txtII", "btnSuchen"},       {"frmCollatzTab", "txtMM", "btnSuchen"},
+        {"frmCollatzTab", "txtAnzahl", "btnSuchen"},   {"frmCollatzTab", "txtBlockAnzahl", "btnSuchen"},
+        {"frmCollatzTab", "txtII", "btnTest"},         {"frmCollatzTab", "txtAnzahl", "btnTest"},
+        {"frmCollatzTab", "txtPot2", "btnShowErgebnis"}, {"frmCollatzTab", "txtPot6", "btnShowErgebnis"},
+        {"frmExtremSuche", "txtI", "btnGO"},           {"frmExtremSuche", "txtM", "btnGO"},
+        {"frmExtremSuche", "txtVon", "btnGO"},         {"frmExtremSuche", "txtBis", "btnGO"},
+        {"frmExtremSuche", "txtPause", "btnGO"},
+    };
+    const char* const texte[] = {"abc", "-7", "", "10^(10^10)", "2147483647", "99999999999999999999"};
+    ASSERT_TRUE(FensterOeffnen("frmCollatzTab", -1, nullptr));
+    ASSERT_TRUE(FensterOeffnen("frmExtremSuche", -1, nullptr));
+    ui.beiDoEvents = [] {
+        static int runde = 0;
+        if (++runde % 200 == 0) Abbruch = true;
+    };
+    for (const Fall& fall : faelle) {
+        Fenster* f = fall.fenster[3] == 'C' ? static_cast<Fenster*>(Offen<frmCollatzTab>()) : Offen<frmExtremSuche>();
+        ASSERT_NE(f, nullptr);
+        auto* feld = Steuer<QLineEdit>(f, fall.feld);
+        auto* knopf = Steuer<QPushButton>(f, fall.knopf);
+        ASSERT_TRUE(feld && knopf) << fall.feld << " " << fall.knopf;
+        const QString vorher = feld->text(), ruhe = knopf->text();
+        for (const char* text : texte) {
+            ui.meldungen.clear();
+            feld->setText(text);
+            if (knopf->isEnabled()) knopf->click();
+            const std::string wo = std::string(fall.fenster) + " " + fall.feld + " \"" + text + "\" ";
+            for (const auto& m : ui.meldungen) {
+                EXPECT_EQ(m.titel.rfind("SW - ", 0), 0u) << wo << Meldungen();
+                // A bare run-time error does not tell the user which field is wrong.
+                EXPECT_EQ(m.text.find("Typen unverträglich"), std::string::npos) << wo << Meldungen();
+            }
+            EXPECT_EQ(knopf->text(), ruhe) << wo;
+            EXPECT_FALSE(f->Laeuft()) << wo;
+        }
+        feld->setText(vorher);
+    }
+    ui.beiDoEvents = nullptr;
 }
 
 }  // namespace
