@@ -358,12 +358,14 @@ bool GrossParallel(uint32_t* raster, uint64_t woerter, const FensterStart& schne
             uint64_t stapel[StapelGroesse], reste[StapelGroesse];
             size_t n = 0;
             // Remainders first in a tight loop, where the divisions overlap; then the strikes.
+            // Every prime here is beyond a block, so at least as long as the window: it has one
+            // multiple in it at most, the first at or after its start, found from start mod p
+            // with no walk by the wheel. A multiple by 2, 3 or 5 has no bit (mask 0).
             const auto abarbeiten = [&] {
-                for (size_t i = 0; i < n; ++i) reste[i] = schnellStart.Rest(30 * stapel[i]);
+                for (size_t i = 0; i < n; ++i) reste[i] = schnellStart.Rest(stapel[i]);
                 for (size_t i = 0; i < n; ++i) {
-                    uint32_t j;
-                    const uint64_t pos = ErsterVielfacherAusRest(reste[i], stapel[i], j);
-                    RadStreichen(ziel, pos, stapel[i], j, spanne);
+                    const uint64_t pos = reste[i] ? stapel[i] - reste[i] : 0;
+                    if (pos < spanne) ziel[pos / RasterSpanne] |= RestMaske[pos % RasterSpanne];
                 }
                 n = 0;
             };
