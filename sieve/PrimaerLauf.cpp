@@ -97,7 +97,11 @@ void LaufVerworfen() {
 
 bool PrimaerLauf(const Decimal& grenze, int32_t methode) {
     if (!GrenzeSetzen(grenze) || !MethodeZulaessig(methode)) return false;
-    if (!RasterVorsieben()) {
+    // The segmented build strikes 7 and 11 itself (most words by copying a pattern over them)
+    // and the bit of 1: a pre-sieve pass would be one more trip over the whole raster, in one
+    // thread, whose words are then overwritten.
+    const bool angelegt = methode == MethodeSegmentiert ? RasterAnlegen() : RasterVorsieben();
+    if (!angelegt) {
         // The old raster is gone and the new one could not be had.
         LaufVerworfen();
         return false;
