@@ -6,17 +6,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <new>
-#include <system_error>
-#include <thread>
-#include <vector>
 
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
 #include "sieve/RasterTabellen.h"
-#include "sieve/SiebSegmentiert.h"
 #include "zahlkern/zahlkern.h"
 
 namespace sw {
@@ -40,29 +35,6 @@ constexpr ptrdiff_t kVorausBisPrim = 256;
 constexpr ptrdiff_t kVorausWorte = 16;
 constexpr ptrdiff_t kWorteJeZeile = 64 / sizeof(uint32_t);
 
-// The kernel clears each page at its first touch, which for a raster of gigabytes is a good
-// share of a whole run and would all fall to one thread in the zeros of assign. So the
-// allocation is touched first by the worker threads, each its own part; assign's zeros then
-// find the pages in place and run at the speed of memory. The storage is the vector's own
-// (reserved, of a trivial type); what is written here is overwritten by assign.
-void SeitenVerteiltBeruehren(uint32_t* anfang, size_t worte) {
-    constexpr size_t MindestWorte = size_t(1) << 24;  // below 64 MB a thread costs more than it saves
-    const size_t faeden = std::min<size_t>(size_t(SiebFaedenWirksam()), worte / MindestWorte);
-    if (faeden < 2) return;
-    const size_t teil = (worte + faeden - 1) / faeden;
-    std::vector<std::thread> helfer;
-    try {
-        for (size_t t = 1; t < faeden; ++t) {
-            const size_t von = t * teil, anzahl = std::min(teil, worte - von);
-            helfer.emplace_back([=] { std::memset(anfang + von, 0, anzahl * sizeof(uint32_t)); });
-        }
-    } catch (const std::system_error&) {
-        // Without another thread the parts left are touched by assign as before.
-    }
-    std::memset(anfang, 0, teil * sizeof(uint32_t));
-    for (std::thread& h : helfer) h.join();
-}
-
 }  // namespace
 
 void RasterNeuAnlegen(size_t worte) {
@@ -80,7 +52,6 @@ void RasterNeuAnlegen(size_t worte) {
     const uintptr_t von = (anfang + seite - 1) & ~(seite - 1);
     const uintptr_t bis = (anfang + worte * sizeof(uint32_t)) & ~(seite - 1);
     if (bis > von) ::madvise(reinterpret_cast<void*>(von), bis - von, MADV_HUGEPAGE);
-    SeitenVerteiltBeruehren(PrimaerRaster.data(), worte);
     PrimaerRaster.assign(worte, 0);
 }
 
