@@ -38,6 +38,11 @@ void mersenneMinus(Long* h, Long p, Long v) {
     aSubHyp32(h, v);
 }
 
+// The sum of two m-word halves has m + 1 words; squared as an even count (its top word a
+// zero that is never written) it is whole 64-bit limbs at limb alignment, which GMP squares
+// in place instead of through a copy.
+constexpr Long summeGerade(Long m) { return m + 1 + ((m + 1) & 1); }
+
 // One Karatsuba level: squares the oben + 1 words of LucasWert from `in` into LucasQuadrat
 // from `aus`. The halves go one level down (or to the school method at the bottom), the sum of
 // the halves is squared in one piece; the middle term is that square minus the halves'
@@ -60,13 +65,8 @@ void karatsubaStufe(Long in, Long oben, Long aus) {
         karatsubaStufe<Stufe + 1>(in + m, h, aus + 2 * m);
     }
     aAddOp1PlusOp2(wert + in + m, wert + in, m, t1);
-    aQuadriere(t1, m + 1, t2);
-    aSubSubFromErg(quadrat + aus, quadrat + aus + 2 * m, 2 * m, t2);
-    if constexpr (Stufe == 1) {
-        aAddiere(t2, 2 * m + 2, quadrat + aDiv2Plus1(LucasMitte));
-    } else {
-        aAddiere(t2, 2 * m + 1, quadrat + aus + m);
-    }
+    aQuadriere(t1, summeGerade(m), t2);
+    aKaratsubaMitte(t2, m, quadrat + aus);
 }
 
 bool schrittHyp() {
@@ -114,15 +114,15 @@ void LucasVorbereiten(int32_t methode, uint32_t p) {
     LucasHochPos = LucasMitte + 1;
     LucasWert.assign(size_t(LucasOben) + 1, 0);
     LucasQuadrat.assign(size_t(LucasProduktOben) + 1, 0);
-    LucasHilfe1.assign(size_t(LucasHalbWorte) + 1, 0);
-    LucasHilfe2.assign(size_t(aMul2Plus1(LucasHalbWorte)) + 1, 0);
-    // t2 gets 2m' + 2 words although the square of the sum fits 2m' + 1: aQuadriere writes
-    // the full 2n words of its n-word source.
+    LucasHilfe1.assign(size_t(summeGerade(LucasHalbWorte)), 0);
+    LucasHilfe2.assign(2 * size_t(summeGerade(LucasHalbWorte)), 0);
+    // t2 gets 2 summeGerade(m') words although the square of the sum fits 2m' + 1: aQuadriere
+    // writes the full 2n words of its n-word source.
     Long oben = LucasHalbOben;
     for (int stufe = 2; stufe <= 5; ++stufe) {
         const Long m = aDiv2(oben) + 1;
-        summe_[size_t(stufe)].assign(size_t(m) + 1, 0);
-        summenQuadrat_[size_t(stufe)].assign(size_t(2 * m) + 2, 0);
+        summe_[size_t(stufe)].assign(size_t(summeGerade(m)), 0);
+        summenQuadrat_[size_t(stufe)].assign(2 * size_t(summeGerade(m)), 0);
         oben = aDiv2(oben);
     }
     LucasWert[0] = 4;

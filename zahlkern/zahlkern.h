@@ -385,6 +385,10 @@ void aQuadriere(const Long* source, Long n, Long* target);   /* target (2n words
 void aSubSubFromErg(const Long* sub1, const Long* sub2, Long n, Long* target);
 void aAddiere(const Long* source, Long n, Long* target);     /* target += source, carry running on */
 void aSubtrahiere(const Long* source, Long n, Long* target); /* target -= source, borrow running on */
+/* One Karatsuba recombination in a single pass: quadrat holds a0^2 (words 0 .. 2m-1) and a1^2
+ * (2m .. 4m-1); quadrat += (summenQuadrat - a0^2 - a1^2) * 2^(32m), where summenQuadrat =
+ * (a0 + a1)^2 has 2m + 1 words. The carry runs on through quadrat. */
+void aKaratsubaMitte(const Long* summenQuadrat, Long m, Long* quadrat);
 /* The Karatsuba middle term: erg -= sub1 + sub2 as aSubSubFromErg, then target += erg over
  * n + 2 words, the carry running on. */
 void aSubSubFromErgAndAddTo(const Long* sub1, const Long* sub2, Long n, Long* erg, Long* target);

@@ -67,6 +67,51 @@ void addiere(const u32* s, Long n, u32* t) {
     }
 }
 
+// The recombination of one Karatsuba level in one pass: q holds L = a0^2 in words [0, 2m) and
+// H = a1^2 in [2m, 4m); q += (s - L - H) * 2^(32m) with s = (a0 + a1)^2 (2m + 1 words). Word
+// m + i receives L1[i] + s[i] - L0[i] - H0[i], word 2m + i receives H0[i] + s[m + i] - L1[i] -
+// H1[i]; both positions are read in the same step before either is written, so the two
+// carry chains run side by side through the overlapping halves. This reads every word once,
+// where a subtraction into s followed by an addition into q reads s twice and L, H once more.
+void mitte(const u32* s, Long m, u32* q) {
+    u32 *l1 = q + m, *h0 = q + 2 * m;
+    const u32 *l0 = q, *h1 = q + 3 * m;
+    __int128 c1 = 0, c2 = 0;
+    Long i = 0;
+    for (; i + 2 <= m; i += 2) {
+        const u64 a = limb(l1 + i), b = limb(h0 + i);
+        c1 += __int128(a) + limb(s + i) - limb(l0 + i) - b;
+        c2 += __int128(b) + limb(s + m + i) - a - limb(h1 + i);
+        limbSetzen(l1 + i, u64(c1));
+        limbSetzen(h0 + i, u64(c2));
+        c1 >>= 64;
+        c2 >>= 64;
+    }
+    for (; i < m; ++i) {
+        const u32 a = l1[i], b = h0[i];
+        c1 += __int128(a) + s[i] - l0[i] - b;
+        c2 += __int128(b) + s[m + i] - a - h1[i];
+        l1[i] = u32(c1);
+        h0[i] = u32(c2);
+        c1 >>= 32;
+        c2 >>= 32;
+    }
+    // The first chain's carry belongs at word 2m; where it outlives the second region it joins
+    // the second chain at 3m, together with the top word of s. The signed carry then runs on
+    // until it settles, which it does because the whole square is not negative.
+    for (Long j = 0; c1 != 0 && j < m; ++j) {
+        c1 += h0[j];
+        h0[j] = u32(c1);
+        c1 >>= 32;
+    }
+    c2 += c1 + s[2 * m];
+    for (u32* t = q + 3 * m; c2 != 0; ++t) {
+        c2 += *t;
+        *t = u32(c2);
+        c2 >>= 32;
+    }
+}
+
 // residue := product mod 2^p - 1, minus 2 when abziehen; -1 when the residue is 0. Since
 // 2^p = 1 modulo 2^p - 1, the bits from p on fold onto the bits below: one pass adds the high
 // part, read across word boundaries, to the low one, and what runs over bit p is folded once
@@ -162,6 +207,8 @@ void aQuadriere(const Long* source, Long n, Long* target) {
 void aSubSubFromErg(const Long* sub1, const Long* sub2, Long n, Long* target) {
     subtrahiere2(uw(sub1), uw(sub2), n, uw(target));
 }
+
+void aKaratsubaMitte(const Long* summenQuadrat, Long m, Long* quadrat) { mitte(uw(summenQuadrat), m, uw(quadrat)); }
 
 void aAddiere(const Long* source, Long n, Long* target) { addiere(uw(source), n, uw(target)); }
 

@@ -339,17 +339,26 @@ TEST(KernMersenne, BekannteMersenneExponenten) {
 TEST(KernWortvektor, KaratsubaSchritteUndLucasLehmer) {
     // One Karatsuba level built from the primitives must square like aQuadriere.
     for (int m : {1, 2, 3, 8, 33, 200}) {
-        std::vector<uint32_t> a = muster(2 * m, int(zufallsWort() % kMusterArten));
-        std::vector<int32_t> wert(a.begin(), a.end()), quadrat(4 * size_t(m) + 2, 0);
-        std::vector<int32_t> t1(size_t(m) + 1), t2(2 * size_t(m) + 2), soll(4 * size_t(m));
-        aQuadriere(wert.data(), m, quadrat.data());                  // low half squared
-        aQuadriere(wert.data() + m, m, quadrat.data() + 2 * m);      // high half squared
-        aAddOp1PlusOp2(wert.data() + m, wert.data(), m, t1.data());  // a0 + a1
-        aQuadriere(t1.data(), m + 1, t2.data());
-        aSubSubFromErg(quadrat.data(), quadrat.data() + 2 * m, 2 * m, t2.data());
-        aAddiere(t2.data(), 2 * m + 1, quadrat.data() + m);
-        aQuadriere(wert.data(), 2 * m, soll.data());
-        for (int i = 0; i < 4 * m; ++i) ASSERT_EQ(quadrat[size_t(i)], soll[size_t(i)]) << m << " word " << i;
+        for (int art = 0; art < kMusterArten; ++art) {
+            std::vector<uint32_t> a = muster(2 * m, art);
+            std::vector<int32_t> wert(a.begin(), a.end()), quadrat(4 * size_t(m) + 2, 0);
+            std::vector<int32_t> t1(size_t(m) + 1), t2(2 * size_t(m) + 2), soll(4 * size_t(m));
+            aQuadriere(wert.data(), m, quadrat.data());                  // low half squared
+            aQuadriere(wert.data() + m, m, quadrat.data() + 2 * m);      // high half squared
+            aAddOp1PlusOp2(wert.data() + m, wert.data(), m, t1.data());  // a0 + a1
+            aQuadriere(t1.data(), m + 1, t2.data());
+            // The fused recombination works on a copy of the halves' squares; the two-pass one below
+            // must give the same.
+            std::vector<int32_t> einPass(quadrat);
+            aKaratsubaMitte(t2.data(), m, einPass.data());
+            aSubSubFromErg(quadrat.data(), quadrat.data() + 2 * m, 2 * m, t2.data());
+            aAddiere(t2.data(), 2 * m + 1, quadrat.data() + m);
+            aQuadriere(wert.data(), 2 * m, soll.data());
+            for (int i = 0; i < 4 * m; ++i) {
+                ASSERT_EQ(quadrat[size_t(i)], soll[size_t(i)]) << m << " word " << i;
+                ASSERT_EQ(einPass[size_t(i)], soll[size_t(i)]) << m << " word " << i << " (one pass)";
+            }
+        }
     }
     // aAddiere carries on past its n words; aSubtrahiere borrows on.
     std::vector<int32_t> ziel{-1, -1, -1, 0};
