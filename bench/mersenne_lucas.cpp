@@ -8,6 +8,8 @@
 
 #include <time.h>
 
+#include "frame/Pfade.h"
+#include "frame/basZentral.h"
 #include "mersenne/LucasDwt.h"
 #include "mersenne/MersenneSchritt.h"
 #include "primality/HypMpz.h"
@@ -35,6 +37,8 @@ double GmpProIteration(uint32_t p) {
 
 void LucasIteration(benchmark::State& state) {
     const auto p = uint32_t(state.range(0));
+    // The plans stored by `sw-cli lucas P --plan-fft` lie in the working folder sw-cli uses.
+    if (sw::ProgrammPfad.empty()) sw::ProgrammPfad = sw::ArbeitsOrdnerBestimmen();
     const double gmp = GmpProIteration(p);
     const auto bau = Jetzt();
     sw::LucasDwt d(p);
