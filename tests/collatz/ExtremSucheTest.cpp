@@ -51,7 +51,7 @@ ExtremAuftrag auftrag(int32_t i, bool k, ExtremArt art, int32_t m = -1) {
     a.art = art;
     a.zielM = m;
     a.von = hyp(1);
-    a.bis = hyp(uint64_t(1) << i);
+    a.bis = hyp(i < 64 ? uint64_t(1) << i : ~uint64_t(0));
     return a;
 }
 
