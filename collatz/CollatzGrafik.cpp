@@ -10,7 +10,9 @@
 #include "arith/basHyper.h"
 #include "collatz/CollatzUmbruch.h"
 #include "collatz/basCollatz.h"
+#include "frame/Laufzeitfehler.h"
 #include "frame/Oberflaeche.h"
+#include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "zahlkern/zahlkern.h"
@@ -61,6 +63,11 @@ bool GrafikLesen(CollatzGrafik& g, const std::string& von, const std::string& pl
     // below 1 anyway.
     const std::string roh = ZahlBereinigt(von);
     if (!roh.empty() && roh[0] == '-') return false;
+    // The evaluator reads what it can of a plain text; a start must be digits or a formula,
+    // else the user would see a graphic of a number he never typed.
+    const bool formel = roh.rfind(FormelWort(), 0) == 0;
+    if (!formel && (roh.empty() || roh.find_first_not_of("0123456789") != std::string::npos))
+        throw Laufzeitfehler(13, TextP1(2000, von));
     const Mpz start(Formel2Hyp(von));
     if (mpz_sgn(start.get()) <= 0) return false;
     if (!g.OhneGrenze && mpz_cmp(start.get(), GrafikGrenze().get()) > 0) return false;
