@@ -189,36 +189,40 @@ void frmCollatzGRF::zeichnen(bool lesen) {
     bildMalen();
 }
 
+void GrafikSpaltenMalen(QImage& bild, const CollatzGrafik& g, int kopf, bool bereiche, const QColor& saeule,
+                        const QColor& band) {
+    const int breite = bild.width(), hoehe = bild.height();
+    const int zb = g.ZahlenBreite, strich = std::max(g.LinienHoehe, 1);
+    QPainter p(&bild);
+    if (!g.Maximal) {
+        const GrafikLinien l = NormalLinien(g, hoehe, kopf);
+        if (bereiche)
+            for (int32_t v = l.erste; v <= l.letzte; ++v) p.fillRect(0, NormalZeile(g, v, hoehe), breite, strich, band);
+        for (size_t i = 0; i < g.Werte.size(); ++i) {
+            const int32_t v = g.Werte[i];
+            if (v >= l.erste && v <= l.letzte) p.fillRect(int(i) * zb, NormalZeile(g, v, hoehe), zb, strich, saeule);
+        }
+        return;
+    }
+    if (bereiche) {
+        // Bands of ten step counts, every other one shaded.
+        for (int32_t v = g.MinWert - g.MinWert % 10; v <= g.MaxWert; v += 20) {
+            const int unten = MaximalZeile(g, v, hoehe), oben = MaximalZeile(g, v + 10, hoehe);
+            p.fillRect(0, oben, breite, unten - oben, band);
+        }
+    }
+    for (size_t i = 0; i < g.Werte.size(); ++i) {
+        const int32_t v = g.Werte[i];
+        if (v >= g.MinWert) p.fillRect(int(i) * zb, MaximalZeile(g, v, hoehe) - strich, zb, strich, saeule);
+    }
+}
+
 void frmCollatzGRF::bildMalen() {
-    const int breite = picAnzeige_->width(), hoehe = picAnzeige_->height();
-    const int kopf = kopfHoehe();
-    const int zb = g_.ZahlenBreite, strich = std::max(g_.LinienHoehe, 1);
     picAnzeige_->HintergrundSetzen(farbe(0));
-    const QColor saeule = farbe(1), band = farbe(2);
-    picAnzeige_->Malen([&](QPainter& p) {
-        if (!g_.Maximal) {
-            const GrafikLinien l = NormalLinien(g_, hoehe, kopf);
-            if (chkBereiche_->isChecked())
-                for (int32_t v = l.erste; v <= l.letzte; ++v) p.fillRect(0, NormalZeile(g_, v, hoehe), breite, strich, band);
-            for (size_t i = 0; i < g_.Werte.size(); ++i) {
-                const int32_t v = g_.Werte[i];
-                if (v >= l.erste && v <= l.letzte) p.fillRect(int(i) * zb, NormalZeile(g_, v, hoehe), zb, strich, saeule);
-            }
-            return;
-        }
-        if (chkBereiche_->isChecked()) {
-            // Bands of ten step counts, every other one shaded.
-            for (int32_t v = g_.MinWert - g_.MinWert % 10; v <= g_.MaxWert; v += 20) {
-                const int unten = MaximalZeile(g_, v, hoehe), oben = MaximalZeile(g_, v + 10, hoehe);
-                p.fillRect(0, oben, breite, unten - oben, band);
-            }
-        }
-        for (size_t i = 0; i < g_.Werte.size(); ++i) {
-            const int32_t v = g_.Werte[i];
-            if (v >= g_.MinWert) p.fillRect(int(i) * zb, MaximalZeile(g_, v, hoehe) - strich, zb, strich, saeule);
-        }
+    picAnzeige_->Bearbeiten([&](QImage& bild) {
+        GrafikSpaltenMalen(bild, g_, kopfHoehe(), chkBereiche_->isChecked(), farbe(1), farbe(2));
     });
-    skalaMalen(hoehe, kopf);
+    skalaMalen(picAnzeige_->height(), kopfHoehe());
     sauber_ = picAnzeige_->Abbild();
     hoverIndex_ = -1;
 }
@@ -231,7 +235,9 @@ void frmCollatzGRF::skalaMalen(int hoehe, int kopf) {
     const int th = picSkala_->TextHoehe();
     const auto beschriften = [&](int32_t v, int mitteY) {
         const QString t = QString::number(v);
-        picSkala_->Text(picSkala_->width() - picSkala_->TextBreite(t) - 4, mitteY - th / 2, t, schrift);
+        // The lowest label sits on the foot rather than half below it.
+        const int y = std::min(mitteY - th / 2, picSkala_->height() - th);
+        picSkala_->Text(picSkala_->width() - picSkala_->TextBreite(t) - 4, y, t, schrift);
     };
     if (g_.Maximal) {
         for (int pos = 0; pos < hoehe - th; pos += 2 * th) beschriften(MaximalSkalenWert(g_, pos, hoehe), hoehe - pos);

@@ -19,6 +19,11 @@ namespace sw {
 
 class Bild;
 
+// The columns (and with bereiche the bands of the lines) of g into bild, in either mode; the
+// top kopf pixels stay free for the labels in the normal mode.
+void GrafikSpaltenMalen(QImage& bild, const CollatzGrafik& g, int kopf, bool bereiche, const QColor& saeule,
+                        const QColor& band);
+
 class frmCollatzGRF : public Fenster {
     Q_OBJECT
 public:
