@@ -125,6 +125,11 @@ frmCollatzGRF::frmCollatzGRF(QWidget* eltern) : Fenster("frmCollatzGRF", eltern)
 
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { Zeichnen(); }));
     connect(txtVon_, &QLineEdit::returnPressed, this, Sicher([this] { Zeichnen(); }));
+    // A new size shows another number of columns and lines; the drawing follows it, and the
+    // hover, which restores the picture it covered, never works on a picture of another size.
+    connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this](int, int) {
+        if (g_.Flag && !Laeuft()) Behandeln([this] { zeichnen(false); });
+    });
     for (QLineEdit* f : {txtVon_, txtPlus_, txtNav_, txtLinienAbstand_})
         connect(f, &QLineEdit::textEdited, this, [this] { geaendert_ = true; });
     resize(1100, 700);

@@ -71,7 +71,6 @@ TEST_F(CollatzGrafik_, SpaltenGegenSchlichteSchleife) {
         for (int n = 1; n <= bis; ++n) ASSERT_EQ(h.Werte[size_t(n - 1)], schlicht(n).first) << n;
         EXPECT_EQ(h.MaxWert, laenge);
         EXPECT_EQ(std::max_element(h.Werte.begin(), h.Werte.end()) - h.Werte.begin() + 1, bei);
-        EXPECT_EQ(schlicht(bei).second, bei == 871 ? 65 : schlicht(bei).second);
     }
 
     // 2,000 columns of step 3 just below 2^59, the last one on 2^59 itself; and beyond the
@@ -177,19 +176,6 @@ TEST_F(CollatzGrafik_, HoverTextUndProzent) {
     EXPECT_FALSE(GrafikHoverText(g, 2002, false));
     EXPECT_FALSE(GrafikHoverText(g, -1, false));
 
-    // Wrapped rows are never wider than asked and lose no character.
-    h = GrafikHoverText(g, 53, false);
-    const std::vector<std::string> zeilen = GrafikHoverZeilen(h->text, 30);
-    std::string zusammen;
-    for (const std::string& z : zeilen) {
-        EXPECT_LE(z.size(), 30u);
-        zusammen += z;
-    }
-    std::string ohneLeer = h->text;
-    ohneLeer.erase(std::remove(ohneLeer.begin(), ohneLeer.end(), ' '), ohneLeer.end());
-    zusammen.erase(std::remove(zusammen.begin(), zusammen.end(), ' '), zusammen.end());
-    EXPECT_EQ(zusammen, ohneLeer);
-    EXPECT_EQ(GrafikHoverZeilen(h->text, 0).size(), 1u);
 }
 
 TEST_F(CollatzGrafik_, LinienBeiderArten) {
@@ -232,8 +218,7 @@ TEST_F(CollatzGrafik_, NavigationNieUnterEins) {
     EXPECT_EQ(u64(GrafikNavigation(g, 1, "", 10)), 300u);
     EXPECT_EQ(u64(GrafikNavigation(g, 5, "10;20;1000", 10)), 1500u);
     EXPECT_EQ(u64(GrafikNavigation(g, 0, "10;20;1000", 10)), 1u);
-    EXPECT_EQ(u64(GrafikNavigation(g, 5, "10;20", 10)), 700u);  // no third distance: a screen
-    EXPECT_EQ(u64(GrafikVerschieben(g.Von, GrafikDistanz(g, "10 20", 1), false)), 480u);
+    EXPECT_EQ(u64(GrafikNavigation(g, 5, "10 20", 10)), 700u);  // no third distance: a screen
     EXPECT_EQ(u64(GrafikDistanz(g, "0;5", 0)), 200u) << "a distance of 0 is a screen";
 
     // The lines scroll by half a picture and never below the lowest.

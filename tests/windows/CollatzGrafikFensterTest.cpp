@@ -103,14 +103,6 @@ TEST_F(CollatzGrafikFenster, SpaltenHoverUndDateien) {
     const QStringList saetze = QString::fromUtf8(datei.readAll()).split('\n', Qt::SkipEmptyParts);
     ASSERT_EQ(saetze.size(), int(g.Werte.size()) + 1);
     EXPECT_EQ(saetze[72], "871;178");
-
-    // Maximal mode: the longest walk of the picture stands under the five percent head room.
-    Steuer<QCheckBox>(f, "chkGrafMaxi")->setChecked(true);
-    Steuer<QPushButton>(f, "btnGO")->click();
-    const int spalte = int(std::max_element(g.Werte.begin(), g.Werte.end()) - g.Werte.begin());
-    const int oben = MaximalZeile(g, g.MaxWert, h);
-    EXPECT_NEAR(oben, h * 0.05, 2);
-    EXPECT_EQ(bild->Abbild().pixelColor(spalte * 2, oben - 1), saeule);
 }
 
 TEST_F(CollatzGrafikFenster, StartwerteAusserhalbMelden) {
