@@ -1,3 +1,8 @@
 # The Collatz walks against plain loops in the same run: the range count against the obvious
 # 64-bit loop, the mark string of a 100,000-bit start against GMP, the lines of the bar graphic.
 sw_add_bench(sw_bench_collatz collatz_zaehlen.cpp)
+# The step-count graphic fills and draws its columns through the window library's painter.
+if(TARGET swwindows)
+  target_sources(sw_bench_collatz PRIVATE collatz_grafik.cpp)
+  target_link_libraries(sw_bench_collatz PRIVATE swwindows)
+endif()

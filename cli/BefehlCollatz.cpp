@@ -1,16 +1,20 @@
 // sw-cli collatz N [--verfahren 0..3] [--ausgabe 0|1|2|9] [--reduktion K] [--rule 3n+1|3n-1] [--json]
-// sw-cli collatz-count FROM TO [--rule 3n+1|3n-1] [--summary] [--json]
+// sw-cli collatz-count FROM TO [--step S] [--rule 3n+1|3n-1] [--summary] [--json]
 // collatz walks one start of any size (a formula) with the counting method and output form of
 // the Collatz windows and prints their text, then the counts. collatz-count gives the steps
 // (a multiplication and a halving one step each) and multiplications of every start of a
-// range below 2^64, or with --summary the totals and the delay records of the range.
+// range below 2^64 (every S-th start with --step, the columns of the step-count graphic), or
+// with --summary the totals and the delay records of the range.
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
 #include "collatz/CollatzBereich.h"
 #include "collatz/basCollatz.h"
+#include "frame/Oberflaeche.h"
+#include "frame/basZentral.h"
 #include "primality/HypMpz.h"
 
 namespace sw::cli {
@@ -23,6 +27,7 @@ struct CollatzFrage {
     int32_t ausgabe = 0;
     int32_t reduktion = 0;
     std::string regel = "3n+1";
+    int64_t schritt = 1;
     bool zusammenfassung = false;
     bool json = false;
 };
@@ -71,14 +76,35 @@ uint64_t bis64(const std::string& text, const char* was) {
     return v;
 }
 
+using JeStart = std::function<void(uint64_t, const CollatzGang&)>;
+
+// Consecutive starts reuse the counts of the smaller ones; a wider step walks each start
+// alone, as the graphic's columns lie too far apart to meet.
+void startsZaehlen(uint64_t von, uint64_t bis, uint64_t schritt, CollatzRegel regel, const JeStart& jeStart) {
+    if (schritt == 1) {
+        CollatzBereichZaehlen(von, bis, regel, jeStart);
+        return;
+    }
+    for (uint64_t n = von, gezaehlt = 1;; n += schritt, ++gezaehlt) {
+        jeStart(n, CollatzGang64(n, regel));
+        if (bis - n < schritt) return;
+        if (gezaehlt % 65536 == 0) {
+            DoEvents();
+            if (Abbruch) return;
+        }
+    }
+}
+
 void collatzZaehlen(const CollatzFrage& f) {
     const CollatzRegel regel = regelLesen("collatz-count", f.regel);
     const uint64_t von = bis64(f.start, "FROM"), bis = bis64(f.bis, "TO");
     if (von > bis) throw CliFehler("collatz-count: FROM must not exceed TO");
+    if (f.schritt < 1) throw CliFehler("collatz-count: --step must be at least 1");
+    const uint64_t schritt = uint64_t(f.schritt);
     if (!f.zusammenfassung) {
         AusgabePuffer aus;
         if (f.json) aus.text("{\"from\":" + std::to_string(von) + ",\"to\":" + std::to_string(bis) + ",\"starts\":[");
-        CollatzBereichZaehlen(von, bis, regel, [&](uint64_t n, const CollatzGang& g) {
+        startsZaehlen(von, bis, schritt, regel, [&](uint64_t n, const CollatzGang& g) {
             aus.text(f.json ? (n == von ? "[" : ",[") : "");
             aus.zahl(n);
             aus.text(f.json ? "," : " ");
@@ -94,7 +120,9 @@ void collatzZaehlen(const CollatzFrage& f) {
     uint64_t summe = 0, summeMult = 0, rekord = 0;
     bool erster = true;
     std::string rekorde;
-    CollatzBereichZaehlen(von, bis, regel, [&](uint64_t n, const CollatzGang& g) {
+    uint64_t anzahlStarts = 0;
+    startsZaehlen(von, bis, schritt, regel, [&](uint64_t n, const CollatzGang& g) {
+        ++anzahlStarts;
         const uint64_t s = uint64_t(g.tSchritte + g.ungerade);
         summe += s;
         summeMult += uint64_t(g.ungerade);
@@ -107,7 +135,7 @@ void collatzZaehlen(const CollatzFrage& f) {
         }
     });
     Terminal().FortschrittBeenden();
-    const std::string anzahl = std::to_string(bis - von + 1);
+    const std::string anzahl = std::to_string(anzahlStarts);
     if (f.json) {
         JsonObjekt j;
         j.Zahl("from", std::to_string(von)).Zahl("to", std::to_string(bis)).Zahl("starts", anzahl);
@@ -139,6 +167,7 @@ void CollatzBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     CLI::App* zaehl = app.add_subcommand("collatz-count", "steps and multiplications of every start FROM..TO below 2^64");
     zaehl->add_option("FROM", g->start, "first start")->required();
     zaehl->add_option("TO", g->bis, "last start")->required();
+    zaehl->add_option("--step", g->schritt, "distance of two starts (default 1)");
     zaehl->add_option("--rule", g->regel, "3n+1 (default) or 3n-1");
     zaehl->add_flag("--summary", g->zusammenfassung, "only the totals and the delay records of the range");
     zaehl->add_flag("--json", g->json, "one JSON object (starts as [n, steps, mult], or the summary)");

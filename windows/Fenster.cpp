@@ -27,6 +27,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "frame/DateiErsetzen.h"
 #include "frame/Einstellungen.h"
 #include "frame/Meldungen.h"
 #include "frame/Texte.h"
@@ -491,29 +492,21 @@ void Fenster::listeSpeichern() {
     }
     std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT);;*.CSV (*.CSV)", ".TXT");
     if (!pfad) return;
-    QFile datei(*pfad);
-    if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
-        MsgLaufwerk();
-        return;
-    }
-    QTextStream aus(&datei);
+    QString text;
     const bool csv = QFileInfo(*pfad).suffix().compare("CSV", Qt::CaseInsensitive) == 0;
     // A window that knows the fields of its rows gives them as a table; other lists become one
     // quoted record per row, since rows of values carry the separator ";" themselves.
     const std::optional<QStringList> tabelle = csv ? ListenCsv() : std::nullopt;
     if (tabelle) {
-        for (const QString& zeile : *tabelle) aus << zeile << '\n';
+        for (const QString& zeile : *tabelle) text += zeile + '\n';
     } else {
         for (const QString& zeile : *zeilen) {
-            if (csv) {
-                aus << '"' << QString(zeile).replace('"', "\"\"") << "\"\n";
-            } else {
-                aus << zeile << '\n';
-            }
+            text += csv ? '"' + QString(zeile).replace('"', "\"\"") + "\"\n" : zeile + '\n';
         }
     }
-    aus.flush();
-    if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
+    // The whole file is put in place at once: a full disk leaves the old file, not a torn one.
+    const QByteArray daten = text.toUtf8();
+    if (!DateiErsetzen(pfad->toStdString(), std::string_view(daten.constData(), size_t(daten.size())))) MsgLaufwerk();
 }
 
 QStringList Fenster::CsvAusListe(const QListWidget* liste, const QString& kopf) {

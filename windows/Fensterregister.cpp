@@ -8,6 +8,7 @@
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
+#include "windows/frmCollatzGRF.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -67,6 +68,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
+        {"frmCollatzGRF", modeless<frmCollatzGRF>()},
         {"frmCollatzTab", modeless<frmCollatzTab>()},
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},

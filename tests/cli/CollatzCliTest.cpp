@@ -30,6 +30,15 @@ TEST_F(CollatzCli, FolgeZaehlungUndRekorde) {
     EXPECT_EQ(l.code, 0);
     EXPECT_EQ(std::count(l.aus.begin(), l.aus.end(), '\n'), 2) << l.aus;
 
+    // Every third start, as the graphic's columns with txtPlus 3: the last start is the last
+    // one not beyond TO, also at the top of the word.
+    l = Starten("collatz-count 27 40 --step 3");
+    EXPECT_EQ(l.aus, "27 111 41\n30 18 5\n33 26 8\n36 21 6\n39 34 11\n");
+    l = Starten("collatz-count 1 10000 --step 7 --summary --json");
+    EXPECT_NE(l.aus.find("\"starts\":1429"), std::string::npos) << l.aus;
+    l = Starten("collatz-count 18446744073709551610 18446744073709551615 --step 4");
+    EXPECT_EQ(std::count(l.aus.begin(), l.aus.end(), '\n'), 2) << l.aus;
+    Abgelehnt("collatz-count 1 10 --step 0", "--step");
     Abgelehnt("collatz 27 --rule 5n+1", "--rule");
     Abgelehnt("collatz 27 --verfahren 4", "--verfahren");
     Abgelehnt("collatz 27 --ausgabe 3", "--ausgabe");
