@@ -1,3 +1,5 @@
 # The Collatz walks against plain loops in the same run: the range count against the obvious
 # 64-bit loop, the mark string of a 100,000-bit start against GMP, the lines of the bar graphic.
 sw_add_bench(sw_bench_collatz collatz_zaehlen.cpp)
+# The factorial family n = 1..2000 against a GMP loop (scan1, shift, 3n + 1).
+sw_add_bench(sw_bench_collatz_familie collatz_familie.cpp)
