@@ -7,6 +7,7 @@
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
+#include "windows/frmCollatzFolgen.h"
 #include "windows/frmCollatzGrafExtrem.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
@@ -66,6 +67,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
+        {"frmCollatzFolgen", modeless<frmCollatzFolgen>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
         {"frmCollatzTab", modeless<frmCollatzTab>()},
         {"frmExtremSuche", modeless<frmExtremSuche>()},
