@@ -66,7 +66,7 @@ frmCollatzAnzeige::frmCollatzAnzeige(QWidget* eltern) : Fenster("frmCollatzAnzei
     zeile->addWidget(lblCol_);
     zeile->addStretch(1);
     lay->addLayout(zeile);
-    auto* listen = new QHBoxLayout;
+    auto* listen = new QVBoxLayout;  // one above the other: the rows get the full width
     list1_ = Benannt(new QListWidget(mitte), "List1");
     list2_ = Benannt(new QListWidget(mitte), "List2");
     QFont fest(QStringLiteral("Monospace"));

@@ -1,5 +1,5 @@
 // frmCollatzAnzeige: one member of a number family in full, opened by a double click in the
-// family window: on the left its decimal digits, on the right its Collatz mark string, both
+// family window: above its decimal digits, below its Collatz mark string, both
 // wrapped to the width of the lists. The button copies the whole text to the clipboard.
 #pragma once
 
