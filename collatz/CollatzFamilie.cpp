@@ -24,14 +24,14 @@ namespace {
 constexpr int64_t kGroesstesN = std::numeric_limits<int32_t>::max();
 
 // Text keys of the family names (n the variable) and of the messages.
-constexpr int kNamen = 2070;          // 2070..2078: families 0..8
-constexpr int kUnterNull = 2080;
-constexpr int kAbgebrochen = 2081;
-constexpr int kEndeN = 2082;
-constexpr int kOperandNegativ = 2083;
-constexpr int kStartBereich = 2084;
-constexpr int kSchrittNegativ = 2085;
-constexpr int kFormelLeer = 2087;
+constexpr int TextNamen = 2070;         // 2070..2078: families 0..8
+constexpr int TextUnterNull = 2080;
+constexpr int TextAbgebrochen = 2081;
+constexpr int TextEndeN = 2082;
+constexpr int TextOperandNegativ = 2083;
+constexpr int TextStartBereich = 2084;
+constexpr int TextSchrittNegativ = 2085;
+constexpr int TextFormelLeer = 2087;
 
 Hyp wortHyp(uint32_t v) {
     Hyp h(2);
@@ -98,19 +98,19 @@ int64_t HypStellen(const Hyp& h) {
 
 CollatzFamilie::CollatzFamilie(const FamilienAuftrag& auftrag) : a_(auftrag) {
     if (int(a_.art) < 0 || int(a_.art) >= FamilienAnzahl) a_.art = FamilienArt::Fakultaet;
-    if (a_.start < 0) throw Laufzeitfehler(FehlerUeberlauf, TextP1(kStartBereich, a_.start));
-    if (a_.schritt < 0) throw Laufzeitfehler(FehlerUeberlauf, Text(kSchrittNegativ));
+    if (a_.start < 0) throw Laufzeitfehler(FehlerUeberlauf, TextP1(TextStartBereich, a_.start));
+    if (a_.schritt < 0) throw Laufzeitfehler(FehlerUeberlauf, Text(TextSchrittNegativ));
     if (a_.art == FamilienArt::Formel && Trimmen(a_.formel).empty())
-        throw Laufzeitfehler(FehlerTypenUnvertraeglich, Text(kFormelLeer));
+        throw Laufzeitfehler(FehlerTypenUnvertraeglich, Text(TextFormelLeer));
     // A negative summand is a subtraction (and the other way round); a product, quotient or
     // power with a negative operand would leave the positive numbers Collatz walks.
     if ((a_.op == FamilienOperator::Plus || a_.op == FamilienOperator::Minus) && a_.offset < 0) {
         a_.op = a_.op == FamilienOperator::Plus ? FamilienOperator::Minus : FamilienOperator::Plus;
     } else if (a_.offset < 0) {
-        throw Laufzeitfehler(FehlerUeberlauf, Text(kOperandNegativ));
+        throw Laufzeitfehler(FehlerUeberlauf, Text(TextOperandNegativ));
     }
     const int64_t k = a_.offset < 0 ? -int64_t(a_.offset) : a_.offset;
-    std::string name = a_.art == FamilienArt::Formel ? Trimmen(a_.formel) : Text(kNamen + int(a_.art));
+    std::string name = a_.art == FamilienArt::Formel ? Trimmen(a_.formel) : Text(TextNamen + int(a_.art));
     if (!neutral(a_.op, k)) {
         if (a_.art == FamilienArt::Formel) name = "(" + name + ")";
         name += opZeichen(a_.op) + std::to_string(k);
@@ -120,7 +120,7 @@ CollatzFamilie::CollatzFamilie(const FamilienAuftrag& auftrag) : a_(auftrag) {
 }
 
 void CollatzFamilie::setzeN(int64_t n) {
-    if (n > kGroesstesN) throw Laufzeitfehler(FehlerUeberlauf, TextP1(kEndeN, n_));
+    if (n > kGroesstesN) throw Laufzeitfehler(FehlerUeberlauf, TextP1(TextEndeN, n_));
     n_ = int32_t(n);
 }
 
@@ -256,9 +256,9 @@ std::string FamilienZeileText(const FamilienZeile& z) {
     std::string t = z.formel + " ; ";
     switch (z.stand) {
         case FamilienStand::Gezaehlt: return t + std::to_string(z.schritte) + "." + std::to_string(z.mult);
-        case FamilienStand::UnterNull: return t + Text(kUnterNull);
+        case FamilienStand::UnterNull: return t + Text(TextUnterNull);
         case FamilienStand::Abgebrochen:
-            return t + std::to_string(z.schritte) + "." + std::to_string(z.mult) + " " + Text(kAbgebrochen);
+            return t + std::to_string(z.schritte) + "." + std::to_string(z.mult) + " " + Text(TextAbgebrochen);
         case FamilienStand::Fehler: return t + z.meldung;
     }
     return t;

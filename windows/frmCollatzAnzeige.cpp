@@ -30,8 +30,8 @@ namespace {
 
 QString q(const std::string& s) { return QString::fromStdString(s); }
 
-constexpr int kKopiert = 2088;
-constexpr int kMusterZuLang = 2089;
+constexpr int TextKopiert = 2088;
+constexpr int TextMusterZuLang = 2089;
 constexpr int64_t kMusterBits = 1000000;
 
 // The text cut into rows of zeichen characters (UTF-8 text: the formula may hold "ä").
@@ -102,7 +102,7 @@ void frmCollatzAnzeige::ShowNumbers() {
     // gigabytes, so it is left out with a word why.
     const int64_t bits = int64_t(aGetHighBitHyp(CollatzZahl)) + 1;
     if (bits > kMusterBits) {
-        list2_->addItem(q(TextP1(kMusterZuLang, ZahlFormat(static_cast<long long>(bits)))));
+        list2_->addItem(q(TextP1(TextMusterZuLang, ZahlFormat(static_cast<long long>(bits)))));
         return;
     }
     list2_->addItems(zerschneiden(kopf + q(CollatzMuster()), zeichen));
@@ -113,7 +113,7 @@ QString frmCollatzAnzeige::GanzerText() const { return verbunden(list1_) + QLati
 void frmCollatzAnzeige::Kopieren() {
     const QString t = GanzerText();
     QApplication::clipboard()->setText(t);
-    statusBar()->showMessage(q(TextP1(kKopiert, t.size())), 5000);
+    statusBar()->showMessage(q(TextP1(TextKopiert, t.size())), 5000);
 }
 
 std::optional<QStringList> frmCollatzAnzeige::ListenText() {

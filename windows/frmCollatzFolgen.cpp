@@ -36,9 +36,9 @@ namespace {
 QString q(const std::string& s) { return QString::fromStdString(s); }
 
 constexpr int NRolle = Qt::UserRole + 1;  // n of a row's member
-constexpr int kZeileListeVoll = 2086;
-constexpr int kUnterNull = 2080;
-constexpr int kNamen = 2070;
+constexpr int TextListeVoll = 2086;
+constexpr int TextUnterNull = 2080;
+constexpr int TextNamen = 2070;
 constexpr int kGroesstesN = 2147483647;
 
 // Colours of lblCol: the list's background, the rows that were not counted.
@@ -55,7 +55,7 @@ frmCollatzFolgen::frmCollatzFolgen(QWidget* eltern) : Fenster("frmCollatzFolgen"
     auto* raster = new QGridLayout(fraFamilie);
     auto* gruppe = new QButtonGroup(this);
     for (int i = 0; i < FamilienAnzahl; ++i) {
-        optOperation_[size_t(i)] = Benannt(new QRadioButton(q(Text(kNamen + std::min(i, 8))), fraFamilie), "optOperation", i);
+        optOperation_[size_t(i)] = Benannt(new QRadioButton(q(Text(TextNamen + std::min(i, 8))), fraFamilie), "optOperation", i);
         gruppe->addButton(optOperation_[size_t(i)], i);
         raster->addWidget(optOperation_[size_t(i)], i / 5, i % 5);
     }
@@ -129,7 +129,7 @@ void frmCollatzFolgen::formelZeigen() {
         if (optOperation_[size_t(i)]->isChecked()) art = i;
     const bool eigene = art == int(FamilienArt::Formel);
     txtFormel_->setReadOnly(!eigene);
-    txtFormel_->setText(q(eigene ? eigeneFormel_ : Text(kNamen + art)));
+    txtFormel_->setText(q(eigene ? eigeneFormel_ : Text(TextNamen + art)));
 }
 
 std::optional<FamilienAuftrag> frmCollatzFolgen::auftragLesen() {
@@ -207,7 +207,7 @@ void frmCollatzFolgen::lauf(const FamilienAuftrag& a) {
         if (z.stand == FamilienStand::Abgebrochen) break;
         if (list1_->count() >= FamilienZeilenGrenze) {
             Abbruch = true;
-            MsgInfoP1(kZeileListeVoll, ZahlFormat(static_cast<long long>(z.n)));
+            MsgInfoP1(TextListeVoll, ZahlFormat(static_cast<long long>(z.n)));
             break;
         }
         DoEvents();
@@ -223,7 +223,7 @@ void frmCollatzFolgen::ZeileZeigen(QListWidgetItem* item) {
     a.start = item->data(NRolle).toInt();
     const CollatzFamilie familie(a);
     const FamilienZeile z = familie.Zaehlen();
-    if (z.stand == FamilienStand::UnterNull) return MsgInfoText(z.formel + ": " + Text(kUnterNull));
+    if (z.stand == FamilienStand::UnterNull) return MsgInfoText(z.formel + ": " + Text(TextUnterNull));
     if (z.stand == FamilienStand::Fehler) return MsgInfoText(z.formel + ": " + z.meldung);
     const std::string zeile = item->text().toStdString();
     CollatzFormel = Trimmen(zeile.substr(0, zeile.find(';')));
