@@ -55,7 +55,7 @@ frmCollatzFolgen::frmCollatzFolgen(QWidget* eltern) : Fenster("frmCollatzFolgen"
     auto* raster = new QGridLayout(fraFamilie);
     auto* gruppe = new QButtonGroup(this);
     for (int i = 0; i < FamilienAnzahl; ++i) {
-        optOperation_[size_t(i)] = Benannt(new QRadioButton(q(Text(TextNamen + std::min(i, 8))), fraFamilie), "optOperation", i);
+        optOperation_[size_t(i)] = Benannt(new QRadioButton(fraFamilie), "optOperation", i);  // captions from sw.TEX
         gruppe->addButton(optOperation_[size_t(i)], i);
         raster->addWidget(optOperation_[size_t(i)], i / 5, i % 5);
     }
