@@ -6,3 +6,5 @@ if(TARGET swwindows)
   target_sources(sw_bench_collatz PRIVATE collatz_grafik.cpp)
   target_link_libraries(sw_bench_collatz PRIVATE swwindows)
 endif()
+# The factorial family n = 1..2000 against a GMP loop (scan1, shift, 3n + 1).
+sw_add_bench(sw_bench_collatz_familie collatz_familie.cpp)

@@ -23,6 +23,8 @@ void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void TestBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // collatz-tree: the start values of exactly I steps of 3n+1, made backwards from 1.
 void CollatzBaumBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// collatz-family: the Collatz counts of the members of a family of numbers (n!, n#, F(n), ...).
+void CollatzFamilieBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // lucas: the Lucas-Lehmer test of 2^P - 1 by one of four methods, with checkpoints.
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);

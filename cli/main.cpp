@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
     EvalBefehlAnmelden(app, auftrag);
     TestBefehlAnmelden(app, auftrag);
     CollatzBaumBefehlAnmelden(app, auftrag);
+    CollatzFamilieBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
     TertiaerBefehlAnmelden(app, auftrag);
     LucasBefehlAnmelden(app, auftrag);

@@ -7,6 +7,7 @@
 #include "frame/Meldungen.h"
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
+#include "windows/frmCollatzFolgen.h"
 #include "windows/frmCollatzGrafExtrem.h"
 #include "windows/frmCollatzGRF.h"
 #include "windows/frmAnzeige.h"
@@ -67,6 +68,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
+        {"frmCollatzFolgen", modeless<frmCollatzFolgen>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
         {"frmCollatzGRF", modeless<frmCollatzGRF>()},
         {"frmCollatzTab", modeless<frmCollatzTab>()},
