@@ -8,6 +8,8 @@
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
+#include "windows/frmCollatzNachkomma.h"
+#include "windows/frmCollatzNachkommaSuche.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -67,6 +69,8 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
+        {"frmCollatzNachkomma", modeless<frmCollatzNachkomma>()},
+        {"frmCollatzNachkommaSuche", modeless<frmCollatzNachkommaSuche>()},
         {"frmCollatzTab", modeless<frmCollatzTab>()},
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
