@@ -259,6 +259,16 @@ std::optional<QStringList> ExtremSucheFenster::ListenCsv() {
     return CsvAusListe(sichtbareListe(), modusK() ? "Nummer;k;m;Zahl;Marks;Dual" : "Nummer;i;m;Zahl;Marks;Dual");
 }
 
+// The picture file shows the list as it stands on screen; a print gets every row instead,
+// which the base prints when there is no picture.
+QImage ExtremSucheFenster::BildAbbild() { return druckt_ ? QImage() : sichtbareListe()->grab().toImage(); }
+
+void ExtremSucheFenster::Drucken(QPrinter& drucker) {
+    druckt_ = true;
+    Fenster::Drucken(drucker);
+    druckt_ = false;
+}
+
 void ExtremSucheFenster::closeEvent(QCloseEvent* e) {
     Fenster::closeEvent(e);
     if (e->isAccepted()) {

@@ -47,6 +47,8 @@ protected:
 
     std::optional<QStringList> ListenText() override;
     std::optional<QStringList> ListenCsv() override;
+    QImage BildAbbild() override;
+    void Drucken(QPrinter& drucker) override;
     void closeEvent(QCloseEvent* e) override;
     bool eventFilter(QObject* o, QEvent* e) override;
 
@@ -66,6 +68,7 @@ private:
     QCheckBox *chkSortiert_, *chkDualAnzeige_, *chkMuster_, *chkSchrift_;
     QPushButton* btnGO_;
     QListWidget* List1_;
+    bool druckt_ = false;  // printing: the rows, not the picture
     QListWidget* List2_;
     QString ruheText_;
     ExtremBreiten breiten_;

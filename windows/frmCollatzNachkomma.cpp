@@ -166,6 +166,14 @@ std::optional<QStringList> frmCollatzNachkomma::ListenCsv() {
     return QStringList{"y;Start;Nummer;Wert"} + csv_;
 }
 
-QImage frmCollatzNachkomma::BildAbbild() { return List1_->grab().toImage(); }
+// The picture file shows the list as it stands on screen; a print gets every row instead,
+// which the base prints when there is no picture.
+QImage frmCollatzNachkomma::BildAbbild() { return druckt_ ? QImage() : List1_->grab().toImage(); }
+
+void frmCollatzNachkomma::Drucken(QPrinter& drucker) {
+    druckt_ = true;
+    Fenster::Drucken(drucker);
+    druckt_ = false;
+}
 
 }  // namespace sw

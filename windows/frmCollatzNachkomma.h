@@ -32,6 +32,7 @@ public:
 protected:
     std::optional<QStringList> ListenCsv() override;
     QImage BildAbbild() override;
+    void Drucken(QPrinter& drucker) override;
 
 private:
     // txtY as multiplier text; a text that is none is replaced by the standard, with a message.
@@ -41,6 +42,7 @@ private:
     QLineEdit *txtStart_, *txtY_, *txtYDiff_;
     QPushButton *btnGO_, *btnY_, *btnClear_, *btnSuchen_;
     QListWidget* List1_;
+    bool druckt_ = false;  // printing: the rows, not the picture
     int32_t ZeilenBreite = 0;   // characters of a row; found at the first walk
     bool NachOben = false;      // the direction of the last arrow press
     QStringList csv_;           // y;start;number;value of every element in List1
