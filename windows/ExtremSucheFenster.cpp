@@ -16,6 +16,8 @@
 #include <QThread>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "arith/HypText.h"
 #include "collatz/basCollatz.h"
 #include "frame/Meldungen.h"
@@ -208,12 +210,12 @@ void ExtremSucheFenster::Treffer(const Hyp& wert, int32_t m, const std::string& 
     f.tiefe = tiefe_;
     f.m = m;
     f.zahl = Hyp2Anzeige(wert);
-    if (CollatzVerfahren >= 3) {
+    if (CollatzVerfahren >= 3 && BlockWalkMarken()) {
         // The block walk is a walk of its own; it runs on the hit itself.
         CollatzZahl = wert;
         f.marks = CollatzFolgeHyp(3, 0, CollatzReduktion);
     } else {
-        f.marks = ExtremMarks(muster, CollatzVerfahren);
+        f.marks = ExtremMarks(muster, std::min(CollatzVerfahren, 2));
     }
     f.dualAn = dual_;
     if (dual_) f.dual = DualMarks(wert);

@@ -40,6 +40,9 @@ protected:
     // The rule of the run about to start, read from the window's fields; nullptr when a field
     // was refused (its message is shown) and nothing should run.
     virtual std::unique_ptr<VorgaengerRegel> RegelFuerLauf() = 0;
+    // Whether counting method 3 shows the block walk of 3n+1 for a hit; a rule of its own
+    // shows the marks of its tree instead (multiplications only, as method 2).
+    virtual bool BlockWalkMarken() const { return true; }
     // The rule with +1 (item 0) or -1 (item 1).
     bool MitPlusEins() const;
     // The grid of the input fields, four columns; a derived window adds its own in row 3.

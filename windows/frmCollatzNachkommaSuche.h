@@ -20,6 +20,8 @@ public:
 
 protected:
     std::unique_ptr<VorgaengerRegel> RegelFuerLauf() override;
+    // The blocks of 3n+1 say nothing about another multiplier.
+    bool BlockWalkMarken() const override { return false; }
 
 private:
     QLineEdit* txtY_;
