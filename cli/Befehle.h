@@ -37,6 +37,9 @@ void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // collatz and collatz-count: one walk of any start, and the counts of a range of starts.
 void CollatzBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// collatz-frac and collatz-frac-tree: the walk and the backward tree of a fractional multiplier.
+void CollatzKommaBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
 void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 

@@ -36,6 +36,7 @@ int main(int argc, char** argv) {
     TertiaerBefehlAnmelden(app, auftrag);
     LucasBefehlAnmelden(app, auftrag);
     CollatzBefehleAnmelden(app, auftrag);
+    CollatzKommaBefehleAnmelden(app, auftrag);
     TeilerBefehlAnmelden(app, auftrag);
     DbBefehlAnmelden(app, auftrag);
 

@@ -9,7 +9,10 @@
 
 namespace sw {
 
+bool VorgaengerRegel::OhneUngeradeVorgaenger(const Hyp&) const { return false; }
+
 bool Regel3nPlus1::Vorgaenger(Hyp& y) const { return aDivHyp32(y, 3) == 1; }
+bool Regel3nPlus1::OhneUngeradeVorgaenger(const Hyp& p) const { return aModHyp32(p, 3) == 0; }
 
 bool Regel3nMinus1::Vorgaenger(Hyp& y) const {
     // y = 3p - 1 exactly when y + 1 divides by 3; then p = (y + 1) / 3.
@@ -17,6 +20,7 @@ bool Regel3nMinus1::Vorgaenger(Hyp& y) const {
     aIncHyp(y);
     return aDivHyp32(y, 3) == 0;
 }
+bool Regel3nMinus1::OhneUngeradeVorgaenger(const Hyp& p) const { return aModHyp32(p, 3) == 0; }
 
 namespace {
 
@@ -93,8 +97,8 @@ class Walk {
         else if (a_.art != ExtremArt::ZielM || m == a_.zielM) blatt(y, m);
     }
 
-    // One path, the odd branch first; a multiple of 3 has no odd predecessor, so the path
-    // takes it only at the last level and doubles otherwise. The path ends the run.
+    // One path, the odd branch first; a value without odd predecessors (for 3n+-1 a multiple
+    // of 3) is taken only at the last level, the path doubles instead. The path ends the run.
     void pfad(const Hyp& x, int32_t d, int32_t m) {
         if (stopp() || !imBereich(x)) return;
         const int32_t d1 = d - 1;
@@ -107,7 +111,7 @@ class Walk {
                 fertig_ = true;
                 return;
             }
-            if (aModHyp32(y, 3) != 0 || d1 == 1) {
+            if (!regel_.OhneUngeradeVorgaenger(y) || d1 == 1) {
                 pfad(y, d1, m + 1);
                 return;
             }

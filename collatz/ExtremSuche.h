@@ -21,17 +21,22 @@ class VorgaengerRegel {
   public:
     virtual ~VorgaengerRegel() = default;
     virtual bool Vorgaenger(Hyp& y) const = 0;
+    // True when neither p nor any p * 2^k has an odd predecessor: the path walk then doubles
+    // instead of stepping onto p, where it could only double. A rule that cannot tell says false.
+    virtual bool OhneUngeradeVorgaenger(const Hyp& p) const;
 };
 
-// 3n+1: y = 3p + 1.
+// 3n+1: y = 3p + 1. A multiple of 3 is never 3p + 1, nor is any of its doublings.
 class Regel3nPlus1 final : public VorgaengerRegel {
   public:
     bool Vorgaenger(Hyp& y) const override;
+    bool OhneUngeradeVorgaenger(const Hyp& p) const override;
 };
-// 3n-1: y = 3p - 1.
+// 3n-1: y = 3p - 1; multiples of 3 as in 3n+1.
 class Regel3nMinus1 final : public VorgaengerRegel {
   public:
     bool Vorgaenger(Hyp& y) const override;
+    bool OhneUngeradeVorgaenger(const Hyp& p) const override;
 };
 
 enum class ExtremArt { Voll, ZielM, Pfad };

@@ -283,7 +283,7 @@ std::string schluessel(const Hyp& h) {
 }  // namespace
 
 std::string CollatzKommaFolge(const std::string& start, const std::string& multiplikator,
-                              const CollatzWeiterFrage& weiter) {
+                              const CollatzWeiterFrage& weiter, int32_t frageAlle) {
     std::string ziffern;
     for (char c : multiplikator)
         if (c != ',') ziffern.push_back(c);
@@ -311,7 +311,7 @@ std::string CollatzKommaFolge(const std::string& start, const std::string& multi
         Hyp y(x[0] + m[0] + 2);
         anMulHypHyp(y, x, m);
         aAddHypHyp(y, a);
-        if (FolgenListe.size() % 1000 == 0 && !weiter(int32_t(FolgenListe.size()))) {
+        if (FolgenListe.size() % size_t(std::max(frageAlle, 1)) == 0 && !weiter(int32_t(FolgenListe.size()))) {
             abbruch = true;
             break;
         }

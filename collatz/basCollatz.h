@@ -67,7 +67,8 @@ std::string CollatzZeile(int32_t verfahren, int32_t k);
 // k = CollatzEinPaar does exactly one pair per block.
 std::string CollatzBlockMuster(int32_t k);
 
-// Asked every 1000 elements of a multiplier walk with the count so far: true goes on.
+// Asked every frageAlle (1000) elements of a multiplier walk with the count so far: true
+// goes on.
 using CollatzWeiterFrage = std::function<bool(int32_t anzahl)>;
 // The question as a box with yes, no and cancel; only yes goes on.
 bool CollatzWeiterBox(int32_t anzahl);
@@ -76,6 +77,6 @@ bool CollatzWeiterBox(int32_t anzahl);
 // and returns the multiplier text, " ", the values joined by "; ", and "...Schleife..." if a
 // value came back or "...Abbruch..." if the question ended it.
 std::string CollatzKommaFolge(const std::string& start, const std::string& multiplikator,
-                              const CollatzWeiterFrage& weiter = CollatzWeiterBox);
+                              const CollatzWeiterFrage& weiter = CollatzWeiterBox, int32_t frageAlle = 1000);
 
 }  // namespace sw

@@ -10,6 +10,8 @@
 #include "windows/frmCollatzFolgen.h"
 #include "windows/frmCollatzGrafExtrem.h"
 #include "windows/frmCollatzGRF.h"
+#include "windows/frmCollatzNachkomma.h"
+#include "windows/frmCollatzNachkommaSuche.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -71,6 +73,8 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmCollatzFolgen", modeless<frmCollatzFolgen>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
         {"frmCollatzGRF", modeless<frmCollatzGRF>()},
+        {"frmCollatzNachkomma", modeless<frmCollatzNachkomma>()},
+        {"frmCollatzNachkommaSuche", modeless<frmCollatzNachkommaSuche>()},
         {"frmCollatzTab", modeless<frmCollatzTab>()},
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
