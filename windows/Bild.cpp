@@ -1,8 +1,11 @@
 #include "windows/Bild.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include "frame/DateiErsetzen.h"
 
 namespace sw {
 
@@ -85,7 +88,12 @@ int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 
 bool BildSpeichern(const QImage& bild, const QString& pfad) {
     const QString endung = QFileInfo(pfad).suffix().toUpper();
-    return bild.save(pfad, endung == QLatin1String("PNG") ? "PNG" : "BMP");
+    QByteArray bytes;
+    QBuffer puffer(&bytes);
+    puffer.open(QIODevice::WriteOnly);
+    if (!bild.save(&puffer, endung == QLatin1String("PNG") ? "PNG" : "BMP")) return false;
+    // Through a temporary file: a picture cut off by a full disk never replaces the old one.
+    return DateiErsetzen(pfad.toStdString(), std::string_view(bytes.constData(), size_t(bytes.size())));
 }
 
 bool Bild::Speichern(const QString& pfad) { return BildSpeichern(flaeche(), pfad); }

@@ -27,6 +27,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "frame/DateiErsetzen.h"
 #include "frame/Einstellungen.h"
 #include "frame/Meldungen.h"
 #include "frame/Texte.h"
@@ -491,12 +492,8 @@ void Fenster::listeSpeichern() {
     }
     std::optional<QString> pfad = speicherZiel("*.TXT (*.TXT);;*.CSV (*.CSV)", ".TXT");
     if (!pfad) return;
-    QFile datei(*pfad);
-    if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
-        MsgLaufwerk();
-        return;
-    }
-    QTextStream aus(&datei);
+    QString inhalt;
+    QTextStream aus(&inhalt);
     const bool csv = QFileInfo(*pfad).suffix().compare("CSV", Qt::CaseInsensitive) == 0;
     // A window that knows the fields of its rows gives them as a table; other lists become one
     // quoted record per row, since rows of values carry the separator ";" themselves.
@@ -513,7 +510,9 @@ void Fenster::listeSpeichern() {
         }
     }
     aus.flush();
-    if (datei.error() != QFileDevice::NoError) MsgLaufwerk();
+    // Written whole or not at all: a full disk must not leave half a list over the old file.
+    const QByteArray bytes = inhalt.toUtf8();
+    if (!DateiErsetzen(pfad->toStdString(), std::string_view(bytes.constData(), size_t(bytes.size())))) MsgLaufwerk();
 }
 
 QStringList Fenster::CsvAusListe(const QListWidget* liste, const QString& kopf) {

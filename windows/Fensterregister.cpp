@@ -8,6 +8,8 @@
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
+#include "windows/frmAnalyseMersenne.h"
+#include "windows/frmAnalysePrimMersenne.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -15,6 +17,8 @@
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
+#include "windows/frmMersenneAnalyse.h"
+#include "windows/frmMersenneStatus.h"
 #include "windows/frmMersenneTeiler.h"
 #include "windows/frmMersSystem.h"
 #include "windows/frmMersTeilerSpez.h"
@@ -22,6 +26,7 @@
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
+#include "windows/frmStatistikMersenne.h"
 #include "windows/frmSucheZwillinge.h"
 #include "windows/frmSync.h"
 #include "windows/frmZufall.h"
@@ -64,6 +69,8 @@ FensterFabrik modal() {
 std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
+        {"frmAnalyseMersenne", modeless<frmAnalyseMersenne>()},
+        {"frmAnalysePrimMersenne", modeless<frmAnalysePrimMersenne>()},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
@@ -72,6 +79,9 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
+        {"frmMersenneAnalyse", modeless<frmMersenneAnalyse>()},
+        // Owned by the divisor search that opens it: it reads the segment from its exponent.
+        {"frmMersenneStatus", mitBesitzer<frmMersenneStatus>()},
         {"frmMersenneTeiler", modeless<frmMersenneTeiler>()},
         {"frmMersSystem", modeless<frmMersSystem>()},
         {"frmMersTeilerSpez", modeless<frmMersTeilerSpez>()},
@@ -80,6 +90,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+        {"frmStatistikMersenne", modeless<frmStatistikMersenne>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmSync", modal<frmSync>()},
         {"frmZufall", modal<frmZufall>()},
