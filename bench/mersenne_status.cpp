@@ -12,12 +12,9 @@
 #include <chrono>
 #include <filesystem>
 
-#include "frame/Decimal.h"
-#include "frame/basZentral.h"
+#include "BenchRaster.h"
 #include "mersenne/MersenneStatistik.h"
 #include "mersenne/basDB.h"
-#include "sieve/PrimaerLauf.h"
-#include "sieve/basSiebwerk.h"
 #include "windows/Bild.h"
 #include "windows/Saeulen.h"
 
@@ -78,7 +75,7 @@ double bareScan(const std::string& pfad) {
 }
 
 void StatusUndStatistik(benchmark::State& state) {
-    sw::PrimaerLauf(sw::Decimal(kGrenze), sw::MethodeProdukt);
+    sw::bench::RasterBauen(kGrenze);
     const std::string ordner = anlegen();
     sw::Bild bild;
     bild.resize(900, 450);

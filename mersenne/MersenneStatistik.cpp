@@ -18,6 +18,7 @@ namespace sw {
 
 namespace {
 
+// The old platform's "invalid procedure call or argument": a range or modulus that cannot be asked.
 constexpr int kEingabeFehler = 5;
 
 struct Zeile {
