@@ -109,8 +109,10 @@ void frmMersenneAnalyse::Analysieren() {
         RestAnalyse(start->AlsInt64(), ende->AlsInt64(), k ? AnalyseWert::K : AnalyseWert::Teiler, modulus, pModulus);
     pgrBar_->setValue(100);
     diagramm_ = {};
-    diagramm_.titel = QString::fromStdString((k ? "k" : "q") + std::string(": ") + ZahlFormat(static_cast<long long>(t.zeilen)) + " / " +
-                                             ZahlFormat(static_cast<long long>(t.uebersprungen)) + " x");
+    diagramm_.titel = QString::fromStdString(std::string(k ? "k" : "q") + ": " +
+                                             ZahlFormat(static_cast<long long>(t.zeilen)) + " Exponenten, " +
+                                             ZahlFormat(static_cast<long long>(t.uebersprungen)) +
+                                             " mit mehreren Teilern übergangen");
     diagramm_.csvKopf = {"P Rest", "Rest", "Anzahl"};
     for (int32_t pr = 0; pr < t.pModulus; ++pr) {
         for (int32_t r = 0; r < t.modulus; ++r) {

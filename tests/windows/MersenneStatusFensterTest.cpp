@@ -122,17 +122,19 @@ TEST_F(MersenneStatusFenster, ZeigenFolgenSpeichernUndLesenNur) {
     EXPECT_EQ(liste->item(2)->text(), "Lücke 6: 355 >>> 49,650");
 
     ASSERT_TRUE(FensterOeffnen("frmMersenneAnalyse", -1, nullptr));
-    Suche<QLineEdit>("txtEnde")->setText("100.000");
-    Suche<QPushButton>("btnGO")->click();
+    auto* analyse = Offen<frmMersenneAnalyse>();
+    analyse->resize(900, 460);
+    Steuer<QLineEdit>(analyse, "txtEnde")->setText("100.000");
+    Steuer<QPushButton>(analyse, "btnGO")->click();
+    EXPECT_GT(Balkenpunkte(Steuer<Bild>(analyse, "picAnzeige")->Abbild()), 100);
     ASSERT_TRUE(FensterOeffnen("frmAnalysePrimMersenne", -1, nullptr));
-    Suche<QPushButton>("btnGO")->click();
+    auto* klassen = Offen<frmAnalysePrimMersenne>();
+    Steuer<QPushButton>(klassen, "btnGO")->click();
     EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
-    for (QWidget* w : QApplication::topLevelWidgets()) {
-        if (auto* l = Steuer<QListWidget>(w, "List1"); l && l->count() == 16) {
-            EXPECT_EQ(l->item(2)->text().toStdString(),
-                      "p = 1 mod 4:  4.783 Primzahlen, 1.727 mit Teiler (36.1070 %), 16 Mersenne-Primzahlen");
-        }
-    }
+    auto* klassenListe = Steuer<QListWidget>(klassen, "List1");
+    ASSERT_EQ(klassenListe->count(), 16);  // the range, then 4 + 3 + 8 classes
+    EXPECT_EQ(klassenListe->item(2)->text().toStdString(),
+              "p = 1 mod 4:  4.783 Primzahlen, 1.727 mit Teiler (36.1070 %), 16 Mersenne-Primzahlen");
     QApplication::processEvents();
     EXPECT_EQ(Inhalt(pfad), vorher);
 }
