@@ -13,3 +13,10 @@ sw_add_bench(sw_bench_teiler ${CMAKE_CURRENT_LIST_DIR}/mersenne_teiler.cpp)
 # The database's read and write of one exponent against a bare SQLite upsert, same run.
 sw_add_bench(sw_bench_mersenne_db ${CMAKE_CURRENT_LIST_DIR}/mersenne_db.cpp)
 target_link_libraries(sw_bench_mersenne_db PRIVATE SQLite::SQLite3)
+
+# Status and statistics of a million database rows, counted and drawn (target: under 1 s),
+# against the bare engine's scan of the same rows.
+if(TARGET swwindows)
+  sw_add_bench(sw_bench_mersenne_status ${CMAKE_CURRENT_LIST_DIR}/mersenne_status.cpp)
+  target_link_libraries(sw_bench_mersenne_status PRIVATE swwindows SQLite::SQLite3)
+endif()

@@ -1,4 +1,5 @@
 // sw-cli db import FILE | show P | stats LO HI | merge DIR   [--db DIR] [--json]
+// (the analyses status, kclasses, gaps, bits, residues are in BefehlDbAnalyse.cpp)
 // The Mersenne database from the terminal: import a divisor list or a saved factor page, show
 // what is known about one exponent, count a range, merge another database folder into ours.
 // --db chooses the database folder (default: the working folder, where the block files lie).
@@ -128,7 +129,7 @@ void zusammenfuehren(const DbFrage& f) {
 
 void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     auto f = std::make_shared<DbFrage>();
-    CLI::App* db = app.add_subcommand("db", "the Mersenne database: import, show, stats, merge");
+    CLI::App* db = app.add_subcommand("db", "the Mersenne database: import, show, stats, merge, analyses");
     db->require_subcommand(1);
     db->fallthrough();
     db->add_option("--db", f->ordner, "the database folder (default: the working folder)");
@@ -149,6 +150,10 @@ void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     CLI::App* merge = db->add_subcommand("merge", "merge the database of folder DIR into ours");
     merge->add_option("DIR", f->datei, "the other database folder")->required();
     befehl(merge, zusammenfuehren);
+    DbAnalyseAnmelden(db, auftrag, [f] {
+        ordnerWaehlen(*f);
+        return f->json;
+    });
 }
 
 }  // namespace sw::cli

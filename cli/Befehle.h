@@ -33,6 +33,9 @@ void TeilerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // db: the Mersenne database (import, show, stats, merge).
 void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// Its analyses (status, kclasses, gaps, bits, residues); vorbereiten chooses the database
+// folder of --db and gives --json.
+void DbAnalyseAnmelden(CLI::App* db, std::function<void()>& auftrag, const std::function<bool()>& vorbereiten);
 
 // collatz and collatz-count: one walk of any start, and the counts of a range of starts.
 void CollatzBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);

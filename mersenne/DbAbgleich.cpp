@@ -22,19 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Verbindung = std::unique_ptr<sqlite3, decltype(&sqlite3_close_v2)>;
-
-Verbindung lesendOeffnen(const std::string& pfad) {
-    sqlite3* db = nullptr;
-    const int rc = sqlite3_open_v2(pfad.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
-    Verbindung v(db, &sqlite3_close_v2);
-    if (rc != SQLITE_OK) DbFehlerWerfen(rc, db, pfad);
-    sqlite3_extended_result_codes(db, 1);
-    sqlite3_busy_timeout(db, 3000);
-    DbSchemaPruefen(db, pfad);
-    return v;
-}
-
 // A stored limit as a plain one; a short form beyond 32 bits is no limit anyone reached.
 int64_t grenze(int32_t gespeichert) {
     const int64_t g = TeilerPotWert(gespeichert);
@@ -94,11 +81,11 @@ AbgleichBericht DbZusammenfuehren(const std::string& fremderOrdner) {
     std::error_code fehler;
     if (fs::equivalent(ordner, DbOrdner(), fehler)) throw Laufzeitfehler(DbFehlerNummer, TextP1(1520, ordner));
     std::vector<int32_t> segmente;
-    std::vector<Verbindung> verbindungen;
+    std::vector<DbLeseVerbindung> verbindungen;
     for (int32_t s = 0; s <= DbSegment(GrenzeLong); ++s) {
         const std::string pfad = ordner + DbDateiName(s);
         if (!fs::exists(pfad)) continue;
-        verbindungen.push_back(lesendOeffnen(pfad));
+        verbindungen.push_back(DbLesendOeffnen(pfad));
         segmente.push_back(s);
     }
     if (segmente.empty()) throw Laufzeitfehler(DbFehlerNummer, TextP1(1524, ordner));

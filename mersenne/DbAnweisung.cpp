@@ -12,6 +12,17 @@
 
 namespace sw {
 
+DbLeseVerbindung DbLesendOeffnen(const std::string& pfad) {
+    sqlite3* db = nullptr;
+    const int rc = sqlite3_open_v2(pfad.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
+    DbLeseVerbindung v(db, &sqlite3_close_v2);
+    if (rc != SQLITE_OK) DbFehlerWerfen(rc, db, pfad);
+    sqlite3_extended_result_codes(db, 1);
+    sqlite3_busy_timeout(db, 3000);
+    DbSchemaPruefen(db, pfad);
+    return v;
+}
+
 void DbFehlerWerfen(int rc, sqlite3* db, const std::string& pfad) {
     const std::string engine = db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
     int key;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 struct sqlite3;
@@ -18,6 +19,12 @@ namespace sw {
 // Refuses (Laufzeitfehler, text 1502) a database whose tables are not t_Prim with its columns,
 // Primzahl as the key, and t_LastFaktor. Reads only.
 void DbSchemaPruefen(sqlite3* db, const std::string& pfad);
+
+// A connection of its own that can only read: the merge and the analysis windows look at files
+// that a running search may be writing, and must neither create, convert nor lock them for
+// writing. Refuses a file of a foreign schema like DbSchemaPruefen.
+using DbLeseVerbindung = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
+DbLeseVerbindung DbLesendOeffnen(const std::string& pfad);
 
 class DbAnweisung {
 public:

@@ -12,6 +12,8 @@
 #include "windows/frmCollatzGRF.h"
 #include "windows/frmCollatzNachkomma.h"
 #include "windows/frmCollatzNachkommaSuche.h"
+#include "windows/frmAnalyseMersenne.h"
+#include "windows/frmAnalysePrimMersenne.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -19,6 +21,8 @@
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
+#include "windows/frmMersenneAnalyse.h"
+#include "windows/frmMersenneStatus.h"
 #include "windows/frmMersenneTeiler.h"
 #include "windows/frmMersSystem.h"
 #include "windows/frmMersTeilerSpez.h"
@@ -26,6 +30,7 @@
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
 #include "windows/frmSpeicherAuslastung.h"
+#include "windows/frmStatistikMersenne.h"
 #include "windows/frmSucheZwillinge.h"
 #include "windows/frmSync.h"
 #include "windows/frmZufall.h"
@@ -68,6 +73,8 @@ FensterFabrik modal() {
 std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
+        {"frmAnalyseMersenne", modeless<frmAnalyseMersenne>()},
+        {"frmAnalysePrimMersenne", modeless<frmAnalysePrimMersenne>()},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzFolgen", modeless<frmCollatzFolgen>()},
@@ -80,6 +87,9 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
+        {"frmMersenneAnalyse", modeless<frmMersenneAnalyse>()},
+        // Owned by the divisor search that opens it: it reads the segment from its exponent.
+        {"frmMersenneStatus", mitBesitzer<frmMersenneStatus>()},
         {"frmMersenneTeiler", modeless<frmMersenneTeiler>()},
         {"frmMersSystem", modeless<frmMersSystem>()},
         {"frmMersTeilerSpez", modeless<frmMersTeilerSpez>()},
@@ -88,6 +98,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
+        {"frmStatistikMersenne", modeless<frmStatistikMersenne>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmSync", modal<frmSync>()},
         {"frmZufall", modal<frmZufall>()},

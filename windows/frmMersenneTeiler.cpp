@@ -23,6 +23,7 @@
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 #include "windows/UpDown.h"
+#include "windows/frmMersenneStatus.h"
 
 namespace sw {
 
@@ -91,7 +92,6 @@ frmMersenneTeiler::frmMersenneTeiler(QWidget* eltern) : Fenster("frmMersenneTeil
     setCentralWidget(mitte);
 
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { SuchlaufStarten(); }));
-    // Their windows come later; until then the register says so.
     connect(btnStatus, &QPushButton::clicked, this, Sicher([this] { FensterOeffnen("frmMersenneStatus", -1, this); }));
     connect(btnAnalyse, &QPushButton::clicked, this,
             Sicher([this] { FensterOeffnen("frmMersenneAnalyse", -1, this); }));
@@ -163,6 +163,8 @@ void frmMersenneTeiler::Teiler(uint32_t p, const std::string& teiler, bool neu) 
     List1_->addItem(q(TextP1P2(118, divisor, gruppiert(p))));
     List1_->setCurrentRow(List1_->count() - 1);
     if (neu) lblNeuStatus_->setText(q(gruppiert(++statistik_.neu)));
+    // An open status window moves its bar along instead of counting the segment again.
+    if (neu) frmMersenneStatus::TeilerGefunden(int32_t(p));
 }
 
 void frmMersenneTeiler::Statistik(const TeilerStatistik& s) {
