@@ -19,9 +19,11 @@ namespace sw {
 namespace {
 
 // The window stays responsive and the CLI sees Ctrl-C: a yield every kYieldSekunden, looked at
-// every kYieldPrimzahlen prime q (a q takes a microsecond or two below 2^32).
+// every kYieldPrimzahlen prime q (a q takes a microsecond or two below 2^32), and at the latest
+// after kYieldHoechstens, so that a clock that stands still cannot hold the run.
 constexpr double kYieldSekunden = 0.02;
 constexpr uint32_t kYieldPrimzahlen = 256;
+constexpr uint32_t kYieldHoechstens = 16384;
 constexpr double kFestschreibenSekunden = 1.0;
 
 // Miller-Rabin with the bases 2, 7 and 61 decides every n below 2^32; the powers go through
@@ -155,7 +157,7 @@ private:
 
     void nachgeben(mpz_srcptr q) {
         const double jetzt = Timer();
-        if (jetzt - gegeben_ < kYieldSekunden) return;
+        if (jetzt - gegeben_ < kYieldSekunden && seitYield_ < kYieldHoechstens) return;
         seitYield_ = 0;
         gegeben_ = jetzt;
         if (anzeige_ != nullptr) anzeige_->Stand(text(q), grenze_, befund.primzahlen);

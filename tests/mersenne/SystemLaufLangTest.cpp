@@ -35,8 +35,9 @@ TEST_F(SystemLaufLang, ExponentGleichWalkVonGrenzeLong) {
         for (size_t i = 0; i < qs.size(); ++i) {
             const int32_t p = ExponentSuchen(qs[i], parameter);
             EXPECT_EQ(p, walk[i]) << mpz_get_ui(qs[i]) << " " << parameter;
-            if (mpz_sizeinbase(qs[i], 2) < 63)
+            if (mpz_sizeinbase(qs[i], 2) < 63) {
                 EXPECT_EQ(OrdnungBerechnen(qs[i], p), OrdnungVerdoppeln(mpz_get_ui(qs[i]), p)) << mpz_get_ui(qs[i]);
+            }
         }
     }
 }
