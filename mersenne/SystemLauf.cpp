@@ -23,7 +23,7 @@ namespace {
 // after kYieldHoechstens, so that a clock that stands still cannot hold the run.
 constexpr double kYieldSekunden = 0.02;
 constexpr uint32_t kYieldPrimzahlen = 256;
-constexpr uint32_t kYieldHoechstens = 16384;
+constexpr uint32_t kYieldHoechstens = 4096;
 constexpr double kFestschreibenSekunden = 1.0;
 
 // Miller-Rabin with the bases 2, 7 and 61 decides every n below 2^32; the powers go through

@@ -74,11 +74,13 @@ frmMersSystem::frmMersSystem(QWidget* eltern) : Fenster("frmMersSystem", eltern)
     const QFont fest = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     List1_ = Benannt(new QListWidget(mitte), "List1");
     List1_->setFont(fest);
+    List1_->setUniformItemSizes(true);  // thousands of rows: no measuring of each one
     lay->addWidget(List1_, 3);
     lblList2_ = Benannt(new QLabel(mitte), "lblList2");
     lay->addWidget(lblList2_);
     List2_ = Benannt(new QListWidget(mitte), "List2");
     List2_->setFont(fest);
+    List2_->setUniformItemSizes(true);
     lay->addWidget(List2_, 1);
     ListenMenueAnlegen(List1_);
     ListenMenueAnlegen(List2_);
@@ -162,24 +164,32 @@ void frmMersSystem::SucheStarten() {
     const SystemBefund b = SystemLauf(a, this);
     if (!b.letzte.empty()) txtZahl_->setText(q(ZahlFormat(b.letzte)));
     lblCount_->setText(q(ZahlFormat(static_cast<long long>(b.primzahlen))));
+    letzteWaehlen();
+}
+
+// Selecting each new row would lay out the whole list every time: the last rows are selected
+// when the run shows its state and at its end.
+void frmMersSystem::letzteWaehlen() {
+    for (QListWidget* l : {List1_, List2_}) {
+        if (l->count() > 0) l->setCurrentRow(l->count() - 1);
+    }
 }
 
 void frmMersSystem::Stand(const std::string& zahl, int32_t grenze, uint64_t primzahlen) {
     txtZahl_->setText(q(ZahlFormat(zahl)));
     lblMax_->setText(q(ZahlFormatLong(grenze)));
     lblCount_->setText(q(ZahlFormat(static_cast<long long>(primzahlen))));
+    letzteWaehlen();
 }
 
 void frmMersSystem::Ergebnis(const SystemErgebnis& e) {
     if (List1_->count() > TeilerListeHoechstens) List1_->clear();
     auto* eintrag = new QListWidgetItem(q(TeilerAnzeigen(e)), List1_);
     eintrag->setData(CsvRolle, q(e.q + ";" + std::to_string(e.ordnung) + ";" + e.k));
-    List1_->setCurrentItem(eintrag);
 }
 
 void frmMersSystem::NeuerTeiler(const std::string& zahl, int32_t e, bool) {
     List2_->addItem(q(TextP1P2(165, zahl, std::to_string(e))));
-    List2_->setCurrentRow(List2_->count() - 1);
 }
 
 std::optional<QStringList> frmMersSystem::ListenText() {

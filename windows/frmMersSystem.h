@@ -35,6 +35,7 @@ private:
     void Stand(const std::string& q, int32_t grenze, uint64_t primzahlen) override;
     void Ergebnis(const SystemErgebnis& e) override;
     void NeuerTeiler(const std::string& q, int32_t e, bool eingetragen) override;
+    void letzteWaehlen();
 
     QLineEdit* txtZahl_;
     QLineEdit* txtParm_;

@@ -32,8 +32,9 @@ std::map<long long, std::string> zeilen(const std::string& datei) {
     sqlite3* db = nullptr;
     EXPECT_EQ(sqlite3_open(datei.c_str(), &db), SQLITE_OK);
     sqlite3_stmt* s = nullptr;
-    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &s, nullptr) == SQLITE_OK && sqlite3_step(s) == SQLITE_ROW)
+    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &s, nullptr) == SQLITE_OK && sqlite3_step(s) == SQLITE_ROW) {
         EXPECT_STREQ(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)), "ok");
+    }
     sqlite3_finalize(s);
     if (sqlite3_prepare_v2(db, "SELECT Primzahl, Mersenne, Teiler, TeilerPot FROM t_Prim", -1, &s, nullptr) == SQLITE_OK) {
         while (sqlite3_step(s) == SQLITE_ROW) {
@@ -69,7 +70,7 @@ TEST_F(MersSystemCli, WalksFromOneAndRefusesBadInput) {
     l = Starten("mersenne-system 1 100000 --json");
     EXPECT_NE(l.aus.find("\"primes\":4781,\"prime_order\":584,\"no_prime_order\":4197"), std::string::npos) << l.aus;
 
-    Abgelehnt("mersenne-system 130 1", "smaller");
+    Abgelehnt("mersenne-system 130 1", "TO 1");
     Abgelehnt("mersenne-system 130 130", "smaller");
     Abgelehnt("mersenne-system 1 100 --param 51", "--param");
     Abgelehnt("mersenne-system 1 100 --param 0", "--param");

@@ -54,7 +54,8 @@ TEST_F(MersenneDbFenster, ListeSeiteUndAbgleich) {
     ASSERT_TRUE(FensterOeffnen("frmMersTeilerSpez", -1, nullptr));
     Suche<QLineEdit>("txtPath")->setText(QString::fromStdString(Ordner()).chopped(1));
     Suche<QLineEdit>("txtFile")->setText("seite.html");
-    Suche<QPushButton>("btnGO")->click();
+    // (the systematic search, open as well, has a btnGO of its own)
+    Steuer<QPushButton>(Offen<frmMersTeilerSpez>(), "btnGO")->click();
     EXPECT_EQ(Suche<QLineEdit>("txtPath")->text().toStdString(), Ordner());
     EXPECT_EQ(ui.meldungen.back().text, TextP1(1517, 2));
     EXPECT_EQ(Suche<QLabel>("lblFertig", 1)->text(), "2");
