@@ -19,10 +19,11 @@ namespace sw {
 namespace {
 
 // The window stays responsive and the CLI sees Ctrl-C: a yield every kYieldSekunden, looked at
-// every kYieldPrimzahlen prime q (a q takes a microsecond or two below 2^32), and at the latest
-// after kYieldHoechstens, so that a clock that stands still cannot hold the run.
+// every kYieldSchritte wheel steps (a step takes well under a microsecond below 2^32) or after
+// every q beyond it, and at the latest after kYieldHoechstens steps, so that a clock that
+// stands still cannot hold the run.
 constexpr double kYieldSekunden = 0.02;
-constexpr uint32_t kYieldPrimzahlen = 256;
+constexpr uint32_t kYieldSchritte = 256;
 constexpr uint32_t kYieldHoechstens = 4096;
 constexpr double kFestschreibenSekunden = 1.0;
 
@@ -116,8 +117,8 @@ public:
             if (SystemPrim(q)) {
                 untersuchen(q);
                 if (transaktion_ != nullptr) transaktion_->FestschreibenNach(kFestschreibenSekunden);
-                if (++seitYield_ >= kYieldPrimzahlen) nachgeben(q);
             }
+            if (++seitYield_ >= kYieldSchritte || !passtIn32(q)) nachgeben(q);
         }
     }
 
@@ -127,13 +128,18 @@ public:
 
 private:
     void untersuchen(mpz_srcptr q) {
-        ++befund.primzahlen;
         // Below GrenzeLong the bound is the group order q - 1: every order is found.
         grenze_ = mpz_cmp_ui(q, uint32_t(GrenzeLong)) < 0 ? int32_t(mpz_get_ui(q) - 1) : ExponentSuchen(q, a_.parameter);
+        const int32_t ordnung = OrdnungBerechnen(q, grenze_);
+        // A factorisation stopped by the user gives no exponent to trust: q stays unexamined.
+        if (Abbruch) {
+            ende_ = befund.abgebrochen = true;
+            return;
+        }
+        ++befund.primzahlen;
         SystemErgebnis e;
         e.q = text(q);
         befund.letzte = e.q;
-        const int32_t ordnung = OrdnungBerechnen(q, grenze_);
         if (ordnung != 0 && prim32(uint32_t(ordnung))) {
             e.ordnung = ordnung;
             Mpz k;
