@@ -30,6 +30,8 @@ void CollatzFamilieBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag)
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // divisors: the divisor search of 2^p - 1 over a range of exponents, into the database.
 void TeilerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// mersenne-system: the prime q of a range, each with the Mersenne number it divides.
+void MersSystemBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // db: the Mersenne database (import, show, stats, merge).
 void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);

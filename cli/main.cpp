@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
     CollatzBefehleAnmelden(app, auftrag);
     CollatzKommaBefehleAnmelden(app, auftrag);
     TeilerBefehlAnmelden(app, auftrag);
+    MersSystemBefehlAnmelden(app, auftrag);
     DbBefehlAnmelden(app, auftrag);
 
     // With --json a refusal is a JSON object on stdout as well, so that a script reading
