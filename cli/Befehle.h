@@ -28,6 +28,8 @@ void CollatzBaumBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // divisors: the divisor search of 2^p - 1 over a range of exponents, into the database.
 void TeilerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// teileranalyse: the primes q of a range and the Mersenne numbers they divide.
+void TeilerAnalyseBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // db: the Mersenne database (import, show, stats, merge).
 void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);

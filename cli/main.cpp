@@ -36,6 +36,7 @@ int main(int argc, char** argv) {
     LucasBefehlAnmelden(app, auftrag);
     CollatzBefehleAnmelden(app, auftrag);
     TeilerBefehlAnmelden(app, auftrag);
+    TeilerAnalyseBefehlAnmelden(app, auftrag);
     DbBefehlAnmelden(app, auftrag);
 
     // With --json a refusal is a JSON object on stdout as well, so that a script reading
