@@ -24,6 +24,7 @@
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmSucheZwillinge.h"
 #include "windows/frmSync.h"
+#include "windows/frmTeilerAnalyse.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -82,6 +83,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmSync", modal<frmSync>()},
+        {"frmTeilerAnalyse", modeless<frmTeilerAnalyse>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;
