@@ -309,7 +309,7 @@ void TeilerAnalyse::TeilerSuche32() {
     bool rasterEnde = true;  // passing the raster's end counts as a stop; the range's end does not
     if (!a_.ende.empty()) {
         const Decimal e = Decimal::ausText(a_.ende);
-        if (e < Decimal(grenze)) {
+        if (e <= Decimal(grenze)) {
             grenze = uint64_t(e.AlsInt64());
             rasterEnde = false;
         }
