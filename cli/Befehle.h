@@ -32,6 +32,8 @@ void LucasBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void TeilerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // mersenne-system: the prime q of a range, each with the Mersenne number it divides.
 void MersSystemBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// teileranalyse: the primes q of a range and the Mersenne numbers they divide.
+void TeilerAnalyseBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // db: the Mersenne database (import, show, stats, merge).
 void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);

@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
     CollatzKommaBefehleAnmelden(app, auftrag);
     TeilerBefehlAnmelden(app, auftrag);
     MersSystemBefehlAnmelden(app, auftrag);
+    TeilerAnalyseBefehlAnmelden(app, auftrag);
     DbBefehlAnmelden(app, auftrag);
 
     // With --json a refusal is a JSON object on stdout as well, so that a script reading

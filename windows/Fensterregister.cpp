@@ -33,6 +33,7 @@
 #include "windows/frmStatistikMersenne.h"
 #include "windows/frmSucheZwillinge.h"
 #include "windows/frmSync.h"
+#include "windows/frmTeilerAnalyse.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -101,6 +102,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmStatistikMersenne", modeless<frmStatistikMersenne>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmSync", modal<frmSync>()},
+        {"frmTeilerAnalyse", modeless<frmTeilerAnalyse>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;
