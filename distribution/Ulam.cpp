@@ -209,6 +209,27 @@ void UlamGlaetten(UlamModell& m, int32_t laenge) {
     }
 }
 
+uint32_t UlamRgb(UlamFarbe f) {
+    switch (f) {
+        case UlamFarbe::Blau: return 0x0000FF;
+        case UlamFarbe::Schwarz: return 0x000000;
+        case UlamFarbe::Gelb: return 0xFFFF00;
+        default: return 0xFFFFFF;
+    }
+}
+
+std::vector<uint32_t> UlamPixel(const UlamModell& m, int32_t zelle) {
+    const size_t breite = size_t(m.breite) * size_t(zelle);
+    std::vector<uint32_t> pixel(breite * size_t(m.hoehe) * size_t(zelle));
+    for (int32_t y = 0; y < m.hoehe; ++y) {
+        uint32_t* zeile = pixel.data() + size_t(y) * size_t(zelle) * breite;
+        for (int32_t x = 0; x < m.breite; ++x)
+            std::fill_n(zeile + size_t(x) * size_t(zelle), zelle, UlamRgb(m.farbe[m.index(x, y)]));
+        for (int32_t k = 1; k < zelle; ++k) std::copy_n(zeile, breite, zeile + size_t(k) * breite);
+    }
+    return pixel;
+}
+
 std::string UlamAnteilText(const UlamModell& m) {
     char text[32];
     std::snprintf(text, sizeof text, "%.1f %%", m.UlamZellen ? 100.0 * double(m.UlamPrimzellen) / double(m.UlamZellen) : 0.0);

@@ -75,6 +75,12 @@ bool IstQuadrat(uint64_t n);
 // The share of prime cells as lblMax shows it: "10.5 %".
 std::string UlamAnteilText(const UlamModell& m);
 
+// The colour of a cell as 0xRRGGBB: blue primes, black small and Mersenne exponents, yellow
+// squares, white for nothing (the background) and for what the smoothing took.
+uint32_t UlamRgb(UlamFarbe f);
+// The picture of the model, zelle x zelle pixels per cell, 0xRRGGBB row by row.
+std::vector<uint32_t> UlamPixel(const UlamModell& m, int32_t zelle);
+
 // One line per cell the walk reached: "x;y;number;colour", the colour as a word.
 std::string UlamCsv(const UlamModell& m);
 

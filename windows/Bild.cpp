@@ -1,8 +1,11 @@
 #include "windows/Bild.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include "frame/DateiErsetzen.h"
 
 namespace sw {
 
@@ -83,9 +86,15 @@ void Bild::Bearbeiten(const std::function<void(QImage&)>& bearbeiten) {
 int Bild::TextBreite(const QString& text) const { return QFontMetrics(font()).horizontalAdvance(text); }
 int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 
+// Encoded in memory and written by replacing the file whole: a full disk or a kill during the
+// save leaves the old picture, never half a new one.
 bool BildSpeichern(const QImage& bild, const QString& pfad) {
     const QString endung = QFileInfo(pfad).suffix().toUpper();
-    return bild.save(pfad, endung == QLatin1String("PNG") ? "PNG" : "BMP");
+    QByteArray daten;
+    QBuffer puffer(&daten);
+    puffer.open(QIODevice::WriteOnly);
+    if (!bild.save(&puffer, endung == QLatin1String("PNG") ? "PNG" : "BMP")) return false;
+    return DateiErsetzen(pfad.toStdString(), std::string_view(daten.constData(), size_t(daten.size())));
 }
 
 bool Bild::Speichern(const QString& pfad) { return BildSpeichern(flaeche(), pfad); }

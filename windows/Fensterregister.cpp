@@ -13,6 +13,7 @@
 #include "windows/frmExtremSuche.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
+#include "windows/frmHash.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
 #include "windows/frmMersenneTeiler.h"
@@ -24,6 +25,7 @@
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmSucheZwillinge.h"
 #include "windows/frmSync.h"
+#include "windows/frmULAM.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -71,6 +73,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
+        {"frmHash", modeless<frmHash>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
         {"frmMersenneTeiler", modeless<frmMersenneTeiler>()},
         {"frmMersSystem", modeless<frmMersSystem>()},
@@ -82,6 +85,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmSync", modal<frmSync>()},
+        {"frmULAM", modeless<frmULAM>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;
