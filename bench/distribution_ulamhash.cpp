@@ -39,3 +39,4 @@ void BM_Hash2e9(benchmark::State& s) {
 BENCHMARK(BM_Hash2e9)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+BENCHMARK_MAIN();

@@ -37,26 +37,70 @@ inline uint32_t wert(uint32_t c, int32_t bits) {
     return falten<false>(c, bits - 3) * 8 + uint32_t(kKlasse[r]);
 }
 
+// Class of each raster bit among the eight residues mod 30 (a number 120w + r has r's class).
+int8_t klasseVonBit(int i) { return kKlasse[RasterRest[i + 1] % 30]; }
+
+// The walk over raster words w in [vonWort, bisWort), numbers up to bis. Within a word the
+// numbers are basis + r with r < 120: as long as the lowest k-bit piece of basis takes r
+// without a carry, only that piece changes, so the fold of basis + r follows from the fold of
+// basis, taken once per word; a prime then costs a count of leading zeros, an addition and
+// the table increment. The rare carry takes the whole fold.
+template <int methode>
+uint64_t zaehlenWorte(int32_t* tabelle, int32_t bits, uint64_t vonWort, uint64_t bisWort, uint64_t bis) {
+    constexpr bool mitXor = methode == 2;
+    const int32_t k = methode == 1 ? bits - 3 : bits;
+    const uint32_t maske = k > 0 ? (1u << k) - 1 : 0;
+    int8_t klasse[32];
+    for (int i = 0; i < 32; ++i) klasse[i] = klasseVonBit(i);
+    const uint32_t* raster = PrimaerRaster.data();
+    uint64_t anzahl = 0;
+    for (uint64_t w = vonWort; w < bisWort; ++w) {
+        uint32_t frei = ~raster[w];
+        if (frei == 0) continue;
+        const uint32_t basis = uint32_t(w * RasterSpanne);
+        const uint32_t tief = basis & maske;
+        const uint32_t fb = falten<mitXor>(basis, k);
+        do {
+            const int i = __builtin_clz(frei);
+            frei &= ~(0x80000000u >> i);
+            const uint32_t r = uint32_t(RasterRest[i + 1]);
+            const uint32_t c = basis + r;
+            if (c > bis) return anzahl;
+            uint32_t h;
+            if (tief + r <= maske) {
+                h = mitXor ? (fb ^ tief ^ (tief + r)) : ((fb + r) & maske);
+            } else {
+                h = falten<mitXor>(c, k);
+            }
+            if constexpr (methode == 1) h = h * 8 + uint32_t(klasse[i]);
+            ++tabelle[h];
+            ++anzahl;
+        } while (frei);
+    }
+    return anzahl;
+}
+
 // Pieces of the walk between two questions to the caller: about 60 million numbers each, a
 // few hundredths of a second.
-constexpr uint64_t kStueck = uint64_t(RasterSpanne) << 19;
+constexpr uint64_t kStueckWorte = uint64_t(1) << 19;
 
 template <int methode>
 void zaehlen(HashErgebnis& e, const std::function<bool(double)>& weiter) {
     int32_t* tabelle = e.HashTabelle.data();
-    const int32_t bits = e.HashBits;
     uint64_t anzahl = 0;
-    for (uint64_t von = 0; von <= e.bis; von += kStueck) {
-        const uint64_t bis = std::min(e.bis, von + kStueck - 1);
-        // The enumeration skips full words with one comparison and finds clear bits by
-        // counting leading zeros; the fold is inlined, so a prime costs a few instructions.
-        PrimzahlenDurchlaufen(von, bis, [&](uint64_t p) {
-            ++tabelle[wert<methode>(uint32_t(p), bits)];
-            ++anzahl;
-            return true;
-        });
-        e.erreicht = bis;
-        if (bis < e.bis && weiter && !weiter(double(bis) / double(e.bis))) break;
+    // 2, 3, 5 and the first word (where 1 has a bit) through the common enumeration.
+    PrimzahlenDurchlaufen(0, std::min<uint64_t>(e.bis, RasterSpanne - 1), [&](uint64_t p) {
+        ++tabelle[wert<methode>(uint32_t(p), e.HashBits)];
+        ++anzahl;
+        return true;
+    });
+    const uint64_t letztesWort = e.bis / RasterSpanne;
+    e.erreicht = std::min<uint64_t>(e.bis, RasterSpanne - 1);
+    for (uint64_t von = 1; von <= letztesWort; von += kStueckWorte) {
+        const uint64_t bis = std::min(letztesWort + 1, von + kStueckWorte);
+        anzahl += zaehlenWorte<methode>(tabelle, e.HashBits, von, bis, e.bis);
+        e.erreicht = std::min(e.bis, bis * RasterSpanne - 1);
+        if (bis <= letztesWort && weiter && !weiter(double(e.erreicht) / double(e.bis))) break;
     }
     e.anzahl = anzahl;
     e.vollstaendig = e.erreicht == e.bis;
