@@ -21,7 +21,7 @@ namespace sw::cli {
 namespace {
 
 struct UlamFrage {
-    int64_t centre = 1, step = 1, growth = 0;
+    std::string centre = "1", step = "1", growth = "0";
     std::vector<int32_t> cells{201, 201}, sides{1, 1};
     bool wheel = false;
     int32_t smooth = 1, zoom = 1;
@@ -30,11 +30,21 @@ struct UlamFrage {
     bool json = false;
 };
 
+// A number argument of the spiral. A minus sign is let through as a negative value, so that the
+// spiral's own refusal says what is wrong with it; the rest is read as every number argument.
+int64_t ganzzahl(const std::string& text, const std::string& was) {
+    const bool negativ = !text.empty() && text[0] == '-';
+    const Mpz z = ArgumentLesen(negativ ? text.substr(1) : text, was);
+    if (mpz_sizeinbase(z.get(), 2) > 63) throw CliFehler("ulam: " + was + " must be below 2^63");
+    const int64_t v = int64_t(mpz_get_ui(z.get()));
+    return negativ ? -v : v;
+}
+
 // The largest number the walk is expected to reach, as the default raster's limit.
-Decimal standardGrenze(const UlamFrage& f) {
+Decimal standardGrenze(const UlamFrage& f, const UlamEingabe& e) {
     const double zellen = double(f.cells[0]) * double(f.cells[1]);
-    const double schaetzung = f.wheel ? double(f.centre) + zellen * 3.75
-                                      : double(f.centre) + zellen * (double(f.step) + double(f.growth) * zellen / 2);
+    const double schaetzung = e.rad ? double(e.innenZahl) + zellen * 3.75
+                                    : double(e.innenZahl) + zellen * (double(e.schritt) + double(e.zuwachs) * zellen / 2);
     return Decimal(int64_t(std::clamp(schaetzung, 1000.0, 1e7)));
 }
 
@@ -44,9 +54,9 @@ void schreiben(const std::string& pfad, const std::string& inhalt) {
 
 void ulam(const UlamFrage& f) {
     UlamEingabe e;
-    e.innenZahl = f.centre;
-    e.schritt = f.step;
-    e.zuwachs = f.growth;
+    e.innenZahl = ganzzahl(f.centre, "--centre");
+    e.schritt = ganzzahl(f.step, "--step");
+    e.zuwachs = ganzzahl(f.growth, "--growth");
     e.rad = f.wheel;
     e.seiteX = f.sides[0];
     e.seiteY = f.sides[1];
@@ -55,7 +65,7 @@ void ulam(const UlamFrage& f) {
     UlamEingabePruefen(e);  // before a raster is sieved for input that cannot be drawn
     if (f.smooth < 1) throw CliFehler("ulam: --smooth must be at least 1");
     if (f.zoom < 1 || f.zoom > 64) throw CliFehler("ulam: --zoom must be 1..64");
-    RasterBereitstellen(f.raster, standardGrenze(f));
+    RasterBereitstellen(f.raster, standardGrenze(f, e));
     UlamModell m = UlamZeichnen(e, [](double) {
         DoEvents();
         return true;
@@ -70,7 +80,7 @@ void ulam(const UlamFrage& f) {
     Terminal().FortschrittBeenden();
     if (f.json) {
         JsonObjekt j;
-        j.Zahl("centre", std::to_string(f.centre)).Zahl("width", std::to_string(m.breite));
+        j.Zahl("centre", std::to_string(e.innenZahl)).Zahl("width", std::to_string(m.breite));
         j.Zahl("height", std::to_string(m.hoehe)).Zahl("cells", std::to_string(m.UlamZellen));
         j.Zahl("last", std::to_string(m.letzteZahl)).Zahl("prime_cells", std::to_string(primzellen));
         j.Text("share", anteil).Zahl("smooth", std::to_string(f.smooth)).Zahl("kept", std::to_string(verblieben));

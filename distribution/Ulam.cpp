@@ -43,11 +43,12 @@ bool bpswPrim(uint64_t n) {
 // Decides the numbers above the primary limit. Close together they share one secondary window
 // (as long as a word of it costs less than a BPSW run per number would); spread thinly, as
 // the values of a quadratic sequence soon are, each gets BPSW, which is a proof below 2^64.
-std::vector<uint8_t> jenseitsEntscheiden(const std::vector<uint64_t>& zahlen) {
+// Values: 0 composite, 1 prime, 2 undecided (the caller stopped the run first).
+std::vector<uint8_t> jenseitsEntscheiden(const std::vector<uint64_t>& zahlen, const std::function<bool(double)>& weiter) {
     std::vector<uint64_t> sortiert(zahlen);
     std::sort(sortiert.begin(), sortiert.end());
     sortiert.erase(std::unique(sortiert.begin(), sortiert.end()), sortiert.end());
-    std::vector<uint8_t> prim(sortiert.size(), 0);
+    std::vector<uint8_t> prim(sortiert.size(), 2);
     if (sortiert.empty()) return {};
     const uint64_t start = sortiert.front() / RasterSpanne * RasterSpanne;
     const uint64_t woerter = (sortiert.back() - start) / RasterSpanne + 1;
@@ -62,7 +63,10 @@ std::vector<uint8_t> jenseitsEntscheiden(const std::vector<uint64_t>& zahlen) {
             prim[i] = (raster[d / RasterSpanne] & RestMaske[d % RasterSpanne]) == 0;
         }
     } else {
-        for (size_t i = 0; i < sortiert.size(); ++i) prim[i] = bpswPrim(sortiert[i]);
+        for (size_t i = 0; i < sortiert.size(); ++i) {
+            if ((i & 0x3FF) == 0x3FF && weiter && !weiter(double(i) / double(sortiert.size()))) break;
+            prim[i] = bpswPrim(sortiert[i]);
+        }
     }
     std::vector<uint8_t> ergebnis(zahlen.size());
     for (size_t i = 0; i < zahlen.size(); ++i) {
@@ -174,8 +178,16 @@ UlamModell UlamZeichnen(const UlamEingabe& e, const std::function<bool(double)>&
         seite[r] += 2;
     }
 
-    const std::vector<uint8_t> jenseits = jenseitsEntscheiden(jenseitsZahl);
-    for (size_t k = 0; k < jenseitsZelle.size(); ++k) prim[jenseitsZelle[k]] = jenseits[k];
+    // A cell left undecided by a stop is taken back out of the picture.
+    const std::vector<uint8_t> jenseits = jenseitsEntscheiden(jenseitsZahl, weiter);
+    for (size_t k = 0; k < jenseitsZelle.size(); ++k) {
+        if (jenseits[k] == 2) {
+            m.besucht[jenseitsZelle[k]] = 0;
+            --m.UlamZellen;
+        } else {
+            prim[jenseitsZelle[k]] = jenseits[k];
+        }
+    }
     for (size_t i = 0; i < zellen; ++i) {
         if (!m.besucht[i]) continue;
         m.farbe[i] = UlamZelleSetzen(m.zahl[i], prim[i]);
