@@ -118,14 +118,6 @@ uint64_t HashGrenze() {
     return std::min<uint64_t>(uint64_t(PrimaerGrenze.Betrag()), HashHoechstGrenze);
 }
 
-int32_t HashWert(uint32_t c, int32_t bits, int32_t methode) {
-    switch (methode) {
-        case 0: return int32_t(wert<0>(c, bits));
-        case 1: return int32_t(wert<1>(c, bits));
-        default: return int32_t(wert<2>(c, bits));
-    }
-}
-
 HashErgebnis HashVerteilung(int32_t bits, int32_t methode, uint64_t bis, const std::function<bool(double)>& weiter) {
     HashPruefen(bits, methode);
     HashErgebnis e;

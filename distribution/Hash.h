@@ -29,10 +29,8 @@ void HashPruefen(int32_t bits, int32_t methode);
 // The walk's bound: the smaller of PrimaerGrenze and 2,000,000,000.
 uint64_t HashGrenze();
 
-// The bucket of one prime. 0: aHASH32(c, b); 1: aHASH32(c, b - 3) * 8 + the class of c mod 30
-// (1, 7, 11, 13, 17, 19, 23, 29 give 0..7; 2, 3 and 5 give bucket 0); 2: aHASH32XOR(c, b).
-int32_t HashWert(uint32_t c, int32_t bits, int32_t methode);
-
+// The bucket of a prime c by method: 0 aHASH32(c, b); 1 aHASH32(c, b - 3) * 8 + the class of
+// c mod 30 (1, 7, 11, 13, 17, 19, 23, 29 give 0..7; 2, 3 and 5 go to bucket 0); 2 aHASH32XOR(c, b).
 // Counts 2, 3, 5 and then every prime of the raster up to bis (at most HashGrenze()). weiter(share)
 // is asked between pieces of the walk; false stops it with the counts so far.
 HashErgebnis HashVerteilung(int32_t bits, int32_t methode, uint64_t bis,

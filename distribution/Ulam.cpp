@@ -84,7 +84,7 @@ void UlamEingabePruefen(const UlamEingabe& e) {
     if (e.innenZahl < 0) ablehnen(420);
     if (e.schritt < 0 || e.zuwachs < 0) ablehnen(2140);
     if (e.seiteX < 1 || e.seiteY < 1) ablehnen(2141);
-    if (e.breite < 1 || e.hoehe < 1 || int64_t(e.breite) * e.hoehe > (int64_t(1) << 28)) ablehnen(2142);
+    if (e.breite < 1 || e.hoehe < 1 || int64_t(e.breite) * e.hoehe > (int64_t(1) << 25)) ablehnen(2142);
 }
 
 bool IstQuadrat(uint64_t n) {

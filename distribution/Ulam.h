@@ -49,7 +49,8 @@ struct UlamModell {
 inline bool UlamRadText(const std::string& text) { return text == "8v" || text == "8V"; }
 
 // Refuses what would read outside the raster or wrap: a negative centre (key 420), a negative
-// step or growth, sides below 1, a picture without cells; Laufzeitfehler with the message.
+// step or growth, sides below 1, a picture without cells or of more than 2^25 (a cell
+// takes eleven bytes while it is drawn); Laufzeitfehler with the message.
 void UlamEingabePruefen(const UlamEingabe& e);
 
 // The whole walk: right, up, left, down, each side growing by 2 after it is walked, until a step

@@ -133,8 +133,7 @@ void frmHash::HashZaehlen() {
     if (!ergebnis_->vollstaendig) text += " – " + TextP1(2153, ZahlFormat(Decimal(ergebnis_->erreicht)));
     std::string chiText = TextP1P2(2147, zahl, std::to_string(chi.freiheitsgrade));
     std::snprintf(zahl, sizeof zahl, "%.4g", chi.p);
-    lblChi_->setText(q(chiText + ", " + TextP1(2148, zahl)));
-    lblAnzahl_->setText(q(text));
+    lblChi_->setText(q(text + "; " + chiText + ", " + TextP1(2148, zahl)));
     darstellen();
 }
 
