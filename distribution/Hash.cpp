@@ -37,44 +37,51 @@ inline uint32_t wert(uint32_t c, int32_t bits) {
     return falten<false>(c, bits - 3) * 8 + uint32_t(kKlasse[r]);
 }
 
-// Class of each raster bit among the eight residues mod 30 (a number 120w + r has r's class).
-int8_t klasseVonBit(int i) { return kKlasse[RasterRest[i + 1] % 30]; }
-
 // The walk over raster words w in [vonWort, bisWort), numbers up to bis. Within a word the
 // numbers are basis + r with r < 120: as long as the lowest k-bit piece of basis takes r
 // without a carry, only that piece changes, so the fold of basis + r follows from the fold of
-// basis, taken once per word; a prime then costs a count of leading zeros, an addition and
-// the table increment. The rare carry takes the whole fold.
+// basis, taken once per word; the rare carry takes the whole fold. The clear bits are taken
+// lowest first (a count only needs each once): clearing the lowest set bit is one cycle, where
+// clearing the highest would wait for the count of leading zeros, so a prime costs little more
+// than its table increment.
 template <int methode>
 uint64_t zaehlenWorte(int32_t* tabelle, int32_t bits, uint64_t vonWort, uint64_t bisWort, uint64_t bis) {
     constexpr bool mitXor = methode == 2;
     const int32_t k = methode == 1 ? bits - 3 : bits;
     const uint32_t maske = k > 0 ? (1u << k) - 1 : 0;
-    int8_t klasse[32];
-    for (int i = 0; i < 32; ++i) klasse[i] = klasseVonBit(i);
+    // By trailing zero count t: bit 32 - t, its residue and that residue's class mod 30.
+    uint32_t rest[32];
+    uint32_t klasse[32];
+    for (int t = 0; t < 32; ++t) {
+        rest[t] = uint32_t(RasterRest[32 - t]);
+        klasse[t] = uint32_t(kKlasse[rest[t] % 30]);
+    }
     const uint32_t* raster = PrimaerRaster.data();
     uint64_t anzahl = 0;
     for (uint64_t w = vonWort; w < bisWort; ++w) {
         uint32_t frei = ~raster[w];
         if (frei == 0) continue;
         const uint32_t basis = uint32_t(w * RasterSpanne);
+        if (uint64_t(basis) + RasterSpanne - 1 > bis) {  // the last word: only numbers up to bis
+            for (int t = 0; t < 32; ++t)
+                if (uint64_t(basis) + rest[t] > bis) frei &= ~(1u << t);
+            if (frei == 0) continue;
+        }
         const uint32_t tief = basis & maske;
         const uint32_t fb = falten<mitXor>(basis, k);
+        anzahl += uint64_t(__builtin_popcount(frei));
         do {
-            const int i = __builtin_clz(frei);
-            frei &= ~(0x80000000u >> i);
-            const uint32_t r = uint32_t(RasterRest[i + 1]);
-            const uint32_t c = basis + r;
-            if (c > bis) return anzahl;
+            const int t = __builtin_ctz(frei);
+            frei &= frei - 1;
+            const uint32_t r = rest[t];
             uint32_t h;
             if (tief + r <= maske) {
                 h = mitXor ? (fb ^ tief ^ (tief + r)) : ((fb + r) & maske);
             } else {
-                h = falten<mitXor>(c, k);
+                h = falten<mitXor>(basis + r, k);
             }
-            if constexpr (methode == 1) h = h * 8 + uint32_t(klasse[i]);
+            if constexpr (methode == 1) h = h * 8 + klasse[t];
             ++tabelle[h];
-            ++anzahl;
         } while (frei);
     }
     return anzahl;
