@@ -50,6 +50,10 @@ void CollatzKommaBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // tertiary: a window at any height sieved by the primes up to a cut, its candidates tested.
 void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// ulam: the Ulam spiral of a picture of cells; hash: the primes over the buckets of a bit fold.
+void UlamBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+void HashBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;
 void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);

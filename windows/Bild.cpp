@@ -86,6 +86,8 @@ void Bild::Bearbeiten(const std::function<void(QImage&)>& bearbeiten) {
 int Bild::TextBreite(const QString& text) const { return QFontMetrics(font()).horizontalAdvance(text); }
 int Bild::TextHoehe() const { return QFontMetrics(font()).height(); }
 
+// Encoded in memory and written by replacing the file whole: a full disk or a kill during the
+// save leaves the old picture, never half a new one.
 bool BildSpeichern(const QImage& bild, const QString& pfad) {
     // Encoded in memory first and then put in place whole: a full disk or a crash leaves the
     // old picture, never half a new one.

@@ -19,6 +19,7 @@
 #include "windows/frmExtremSuche.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
+#include "windows/frmHash.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
 #include "windows/frmMersenneAnalyse.h"
@@ -34,6 +35,7 @@
 #include "windows/frmSucheZwillinge.h"
 #include "windows/frmSync.h"
 #include "windows/frmTeilerAnalyse.h"
+#include "windows/frmULAM.h"
 #include "windows/frmZufall.h"
 
 namespace sw {
@@ -87,6 +89,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
+        {"frmHash", modeless<frmHash>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
         {"frmMersenneAnalyse", modeless<frmMersenneAnalyse>()},
         // Owned by the divisor search that opens it: it reads the segment from its exponent.
@@ -103,6 +106,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},
         {"frmSync", modal<frmSync>()},
         {"frmTeilerAnalyse", modeless<frmTeilerAnalyse>()},
+        {"frmULAM", modeless<frmULAM>()},
         {"frmZufall", modal<frmZufall>()},
     };
     return liste;
