@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
     TestBefehlAnmelden(app, auftrag);
     CollatzBaumBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
+    AbstandBefehlAnmelden(app, auftrag);
     TertiaerBefehlAnmelden(app, auftrag);
     LucasBefehlAnmelden(app, auftrag);
     CollatzBefehleAnmelden(app, auftrag);

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "frame/Meldungen.h"
+#include "windows/frmAbstaendeGrafik.h"
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzGrafExtrem.h"
@@ -64,6 +65,7 @@ FensterFabrik modal() {
 std::map<QString, FensterFabrik>& fabriken() {
     static std::map<QString, FensterFabrik> liste{
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
+        {"frmAbstaendeGrafik", modeless<frmAbstaendeGrafik>()},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzGrafExtrem", modeless<frmCollatzGrafExtrem>()},
