@@ -96,7 +96,7 @@ frmAbstaendeGrafik::frmAbstaendeGrafik(QWidget* eltern) : Fenster("frmAbstaendeG
     // Three entry modes, one frame each; the checked frame is the mode.
     auto* zeile1 = new QHBoxLayout;
     const char* const modi[3] = {"Zahlen", "x als Zehnerpotenz", "Beide als Zehnerpotenzen"};
-    const char* const vorgaben[3][2] = {{"1000000000", "1000000"}, {"9", "1000000"}, {"9", "6"}};
+    const char* const vorgaben[3][2] = {{"2", "1000000"}, {"9", "1000000"}, {"9", "6"}};
     for (int i = 0; i < 3; ++i) {
         fraModus_[i] = Benannt(new QGroupBox(modi[i], mitte), "fraModus", i);
         fraModus_[i]->setCheckable(true);
@@ -138,7 +138,6 @@ frmAbstaendeGrafik::frmAbstaendeGrafik(QWidget* eltern) : Fenster("frmAbstaendeG
     for (int i = 0; i < 3; ++i) {
         optFarben_[i] = Benannt(new QRadioButton(farbNamen[i], farbGruppe), "optFarben", i);
         farbLay->addWidget(optFarben_[i]);
-        connect(optFarben_[i], &QRadioButton::toggled, this, Sicher([this] { GrafikPlot(); }));
     }
     optFarben_[0]->setChecked(true);
     zeile3->addWidget(farbGruppe);
@@ -227,6 +226,7 @@ frmAbstaendeGrafik::frmAbstaendeGrafik(QWidget* eltern) : Fenster("frmAbstaendeG
     connect(chkInfo_, &QCheckBox::toggled, this, Sicher([this] { InfoAnAus(); }));
     connect(chkAbWeichungVonPi2_, &QCheckBox::toggled, this, Sicher([this] { AbweichungAnzeigen(); }));
     connect(chkZwillinge_, &QCheckBox::toggled, this, Sicher([this] { GrafikPlot(); }));
+    for (QRadioButton* o : optFarben_) connect(o, &QRadioButton::toggled, this, Sicher([this] { GrafikPlot(); }));
     for (QLineEdit* f : {txtGlaettung_, txtFaktor_, txtFaktorKombinationen_}) {
         connect(f, &QLineEdit::editingFinished, this, Sicher([this] { GrafikPlot(); }));
     }
@@ -256,8 +256,11 @@ void frmAbstaendeGrafik::ShowMe(int modus) {
     chkAbWeichungVonPi2_->setChecked(modus == 1);
     chkZwillinge_->setChecked(modus == 1);
     show();
-    // Counted once the picture has its size: the number of bars follows its width.
-    QTimer::singleShot(0, this, Sicher([this] { GrafikGo(); }));
+    // Counted once the picture has its size (the number of bars follows its width), and only
+    // when the stretch lies in the raster: a window that opens owes nobody a box.
+    QTimer::singleShot(0, this, Sicher([this] {
+        if (eintraegeLesen() && Decimal(GrafikEnde) <= PrimaerGrenze && !PrimaerRaster.empty()) GrafikGo();
+    }));
 }
 
 void frmAbstaendeGrafik::InfoAnAus() {
