@@ -179,9 +179,10 @@ bool InBloecken(uint64_t erstes, uint64_t letztes, const AbstandMelder& melden, 
 
 bool AbstandPrimaerZaehlen(AbstandZaehlung& z, Zahl128 start, Zahl128 ende, const AbstandMelder& melden) {
     for (int klein : {2, 3, 5}) z.Prim(Zahl128(klein));
-    const Zahl128 rasterEnde = Zahl128(RasterLetzterIndex) * RasterSpanne + RasterSpanne - 1;
     if (PrimaerRaster.empty()) return true;
-    ende = std::min(ende, rasterEnde);
+    // The last word may hold clear bits above the limit: they were never sieved.
+    const Zahl128 rasterEnde = Zahl128(RasterLetzterIndex) * RasterSpanne + RasterSpanne - 1;
+    ende = std::min({ende, rasterEnde, PrimaerGrenze.Betrag()});
     if (start > ende) return true;
     return InBloecken(uint64_t(start / RasterSpanne), uint64_t(ende / RasterSpanne) + 1, melden,
                       [&](uint64_t a, uint64_t b) { return z.Woerter(PrimaerRaster.data(), a, b, 0); });
@@ -203,7 +204,7 @@ bool AbstandZufallZaehlen(AbstandZaehlung& z, Zahl128 start, Zahl128 ende, const
                       [&](uint64_t a, uint64_t b) { return z.Kandidaten(a, b, 0, istPrim); });
 }
 
-std::vector<int64_t> PaarAbstaende(int64_t von, int64_t bis, int32_t n, bool erlaubt) {
+std::vector<int64_t> PaarAbstaende(int64_t von, int64_t bis, int32_t n, bool erlaubt, const AbstandMelder& melden) {
     if (!erlaubt) {
         MsgInfo(526);
         return {};
@@ -214,7 +215,7 @@ std::vector<int64_t> PaarAbstaende(int64_t von, int64_t bis, int32_t n, bool erl
     if (halb < 2 || bis < von) return ergebnis;
     // Bars from the difference 2 up to 2·(n div 2 - 1), element k for the difference 2k.
     AbstandZaehlung z(ArtPaare, Zahl128(von), Zahl128(bis), 2, halb - 2);
-    AbstandPrimaerZaehlen(z, Zahl128(von), Zahl128(bis), nullptr);
+    AbstandPrimaerZaehlen(z, Zahl128(von), Zahl128(bis), melden);
     std::copy(z.Anzahl().begin(), z.Anzahl().end(), ergebnis.begin() + 1);
     return ergebnis;
 }

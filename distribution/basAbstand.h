@@ -90,8 +90,10 @@ bool AbstandZufallZaehlen(AbstandZaehlung& z, Zahl128 start, Zahl128 ende, const
 
 // For all prime pairs of [von, bis] of the primary raster, not only neighbours, the number with
 // each difference: element k for the difference 2k, k from 1 to n div 2 - 1 (element 0 stays 0).
-// von below 3 starts from 2. Without erlaubt, message 526 and an empty result.
-std::vector<int64_t> PaarAbstaende(int64_t von, int64_t bis, int32_t n, bool erlaubt);
+// von below 3 starts from 2. Without erlaubt, message 526 and an empty result. A stop by
+// melden leaves the pairs counted so far.
+std::vector<int64_t> PaarAbstaende(int64_t von, int64_t bis, int32_t n, bool erlaubt,
+                                   const AbstandMelder& melden = nullptr);
 
 // The expected count of twins in a stretch of length w near x, by EingabeModus: 0 both as
 // numbers (x below 10 taken as 10), 1 x as a power of ten, 2 both as powers of ten. Nothing for

@@ -283,7 +283,7 @@ int32_t frmAbstaendeGrafik::farben() const {
 }
 
 int64_t frmAbstaendeGrafik::marke(int32_t i) const {
-    if (art_ == ArtFolge) return AbstandVon + i;
+    if (art_ == ArtFolge) return AbstandVon + i + 1;  // gaps are numbered from 1
     if (art_ == ArtDichte) return int64_t(GrafikStart + Zahl128(teil_) * unsigned(i));
     return AbstandVon + 2 * int64_t(i);
 }
@@ -320,15 +320,18 @@ bool frmAbstaendeGrafik::eintraegeLesen() {
     return true;
 }
 
-bool frmAbstaendeGrafik::zaehlen(int32_t art, bool zufall, AbstandZaehlung& z) {
+AbstandMelder frmAbstaendeGrafik::melder() {
     const double start = Timer();
-    const AbstandMelder melden = [&](double anteil) {
+    return [this, start](double anteil) {
         const int32_t prozent = int32_t(std::lround(anteil * 100));
-        lblFortschritt_->setText(QString("%1 %  ").arg(prozent) + q(ZeitText(start, Timer(), start - 1e-9,
-                                                                            anteil > 0 ? start + (Timer() - start) / anteil : start)));
+        lblFortschritt_->setText(QString("%1 %  ").arg(prozent) + q(ZeitText(start, anteil, 0, 1)));
         DoEvents();
         return !Abbruch;
     };
+}
+
+bool frmAbstaendeGrafik::zaehlen(int32_t art, bool zufall, AbstandZaehlung& z) {
+    const AbstandMelder melden = melder();
     if (zufall) return AbstandZufallZaehlen(z, GrafikStart, GrafikEnde, melden);
     if (art == ArtSekundaer) {
         const SekundaerSperre sperre;
@@ -350,7 +353,7 @@ void frmAbstaendeGrafik::GrafikGo() {
             return;
         }
         if (!SekundaerPruefen(Decimal(GrafikStart), Decimal(GrafikEnde - GrafikStart))) return;
-    } else if (Decimal(GrafikEnde) > PrimaerGrenze && !chkZufall_->isChecked()) {
+    } else if (Decimal(GrafikEnde) > PrimaerGrenze) {
         MsgInfoP1(2104, ZahlFormat(PrimaerGrenze));
         return;
     }
@@ -376,23 +379,23 @@ void frmAbstaendeGrafik::GrafikGo() {
     bool fertig = true;
     if (art == ArtPaare) {
         // All pairs from the running sums of the neighbour gaps; nothing to count without bars.
-        const std::vector<int64_t> paare =
-            PaarAbstaende(int64_t(GrafikStart), int64_t(GrafikEnde), 2 * (AbstandVon / 2 + n + 2), n >= 0);
+        const std::vector<int64_t> paare = PaarAbstaende(int64_t(GrafikStart), int64_t(GrafikEnde),
+                                                         2 * (AbstandVon / 2 + n + 2), n >= 0, melder());
         BalkenAnzahl.assign(size_t(std::max(n + 1, 0)), 0);
         for (int32_t i = 0; i <= n && size_t(AbstandVon / 2 + i) < paare.size(); ++i) {
             BalkenAnzahl[size_t(i)] = paare[size_t(AbstandVon / 2 + i)];
         }
         fertig = !Abbruch;
     } else {
-        fertig = zaehlen(art, chkZufall_->isChecked() && art == ArtSekundaer, z);
+        fertig = zaehlen(art, false, z);
         BalkenAnzahl = z.Anzahl();
     }
     primzahlen_ = z.Primzahlen();
     teil_ = art == ArtDichte ? uint64_t((GrafikEnde - GrafikStart) / Zahl128(n + 1)) + 1 : 1;
     ZufallAnzahl.clear();
-    if (fertig && chkZufall_->isChecked() && art != ArtSekundaer) {
+    if (fertig && chkZufall_->isChecked()) {
         ZufallSaat(uint64_t(Timer() * 1e6));
-        AbstandZaehlung r(art == ArtPaare ? ArtNachbarn : art, GrafikStart, GrafikEnde, AbstandVon, n);
+        AbstandZaehlung r(art, GrafikStart, GrafikEnde, AbstandVon, n);
         fertig = zaehlen(art, true, r);
         ZufallAnzahl = r.Anzahl();
     }
@@ -554,7 +557,7 @@ void frmAbstaendeGrafik::GrafikPlot() {
     text("ln(x) = " + QString::number(std::log(std::max(GrafikSchranke, 2.0)), 'f', 4));
     text("w = " + q(ZahlName(GrafikBreite)));
     text(q(TextP1(2108, LabelZahl(Zwillingsschaetzung))));
-    text(q(TextP1(2109, ZahlFormat(static_cast<long long>(primzahlen_)))));
+    if (primzahlen_) text(q(TextP1(2109, ZahlFormat(static_cast<long long>(primzahlen_)))));
     text(QString("%1 .. %2").arg(marke(0)).arg(marke(int32_t(BalkenWert.size()) - 1)));
     if (gestoppt_) text(lblFortschritt_->text());
 }
@@ -599,16 +602,6 @@ void frmAbstaendeGrafik::Blaettern(int richtung) {
     const int von = std::max(1, ganzzahl(txtVonAbstand_, 1));
     txtVonAbstand_->setText(QString::number(richtung == 0 ? 1 : std::max(1, von + richtung * n)));
     GrafikGo();
-}
-
-std::optional<QStringList> frmAbstaendeGrafik::ListenText() {
-    if (List_[0]->count() == 0) return std::nullopt;
-    QStringList zeilen;
-    for (int k = 0; k < 3; ++k) {
-        if (k) zeilen << QString();
-        for (int i = 0; i < List_[k]->count(); ++i) zeilen << List_[k]->item(i)->text();
-    }
-    return zeilen;
 }
 
 bool frmAbstaendeGrafik::CsvSchreiben(const QString& pfad) {

@@ -65,7 +65,6 @@ public:
 protected:
     void ZusatzwerteLaden() override;
     void ZusatzwerteSpeichern() override;
-    std::optional<QStringList> ListenText() override;
     bool eventFilter(QObject* o, QEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
 
@@ -73,6 +72,8 @@ private:
     int32_t zaehlart() const;
     int32_t farben() const;
     bool eintraegeLesen();
+    // Progress with the remaining time, a yield, and false once the user stopped.
+    AbstandMelder melder();
     bool zaehlen(int32_t art, bool zufall, AbstandZaehlung& z);
     int64_t marke(int32_t i) const;  // the difference (gap number, part) of bar i
     std::vector<double> geglaettet(const std::vector<double>& werte) const;
