@@ -47,6 +47,7 @@ QString q(const std::string& s) { return QString::fromStdString(s); }
 
 constexpr const char* kSektion = "LückenGrafik";
 constexpr int kBalkenMax = 1000;
+constexpr int kRand = 3;  // pixels between a picture's edge and its text
 
 int ganzzahl(const QLineEdit* feld, int standard) {
     bool ok = false;
@@ -466,7 +467,7 @@ void frmAbstaendeGrafik::GrafikPlot() {
     picText_->Leeren();
     const int hoehe = picAnzeige_->height(), breite = picAnzeige_->width();
     if (BalkenWert.empty()) {
-        picText_->Text(4, 4, q(Text(2106)), Qt::black);
+        picText_->Text(kRand, kRand, q(Text(2106)), Qt::black);
         return;
     }
     // The views: level alignment divides by the singular series, so that all differences stand
@@ -542,14 +543,14 @@ void frmAbstaendeGrafik::GrafikPlot() {
             p.drawLine(0, y, breite, y);
         }
     });
-    picSkala_->Text(2, 2, q(LabelZahl(oben)), Qt::black);
-    picSkala_->Text(2, std::clamp(null - 8, 12, hoehe - 30), "0", Qt::black);
-    picSkala_->Text(2, hoehe - 18, q(LabelZahl(unten)), Qt::black);
+    picSkala_->Text(kRand, kRand, q(LabelZahl(oben)), Qt::black);
+    picSkala_->Text(kRand, std::clamp(null - 8, 12, hoehe - 30), "0", Qt::black);
+    picSkala_->Text(kRand, hoehe - 18, q(LabelZahl(unten)), Qt::black);
 
     const int zeile = picText_->TextHoehe() + 2;
     int y = 4;
     const auto text = [&](const QString& t) {
-        picText_->Text(4, y, t, Qt::black);
+        picText_->Text(kRand, y, t, Qt::black);
         y += zeile;
     };
     text(optZaehlung_[art_]->text());
