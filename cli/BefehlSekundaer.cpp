@@ -80,6 +80,19 @@ void PrimzahlenBereich(const Decimal& von, const Decimal& bis, Ausgabe&& ausgabe
     });
 }
 
+}  // namespace
+
+void WurzelRasterFuer(const Decimal& von, const Decimal& bis, const std::string& frage) {
+    WurzelRasterBereitstellen(von, bis, frage);
+}
+
+void FensterweiseSieben(unsigned __int128 a, unsigned __int128 bis,
+                        const std::function<void(unsigned __int128, unsigned __int128)>& fenster) {
+    FensterDurchlaufen(a, bis, fenster);
+}
+
+namespace {
+
 std::string kopf(const Decimal& von, const Decimal& bis) {
     return "{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + std::to_string(siebgrenze);
 }

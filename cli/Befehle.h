@@ -60,6 +60,14 @@ void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl);
 void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json);
 void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json);
+// For ranges beyond the primary raster: the raster up to the root of bis (a CliFehler if bis
+// lies beyond the square of the largest one), then [a, bis] sieved window by window, fenster
+// called with each window's part in ascending order.
+void WurzelRasterFuer(const Decimal& von, const Decimal& bis, const std::string& frage);
+void FensterweiseSieben(unsigned __int128 a, unsigned __int128 bis,
+                        const std::function<void(unsigned __int128, unsigned __int128)>& fenster);
+// gaps: how often each difference between primes occurs in a range.
+void AbstandBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // twins with --method: the search of the twin window by one of its four methods, at any height.
 void ZwillingeMitVerfahren(const std::string& von, const std::string& bis, const std::string& methode,
                            const std::string& test, const RasterWahl& raster, bool json);

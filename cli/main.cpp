@@ -33,6 +33,7 @@ int main(int argc, char** argv) {
     CollatzBaumBefehlAnmelden(app, auftrag);
     CollatzFamilieBefehlAnmelden(app, auftrag);
     SekundaerBefehleAnmelden(app, auftrag);
+    AbstandBefehlAnmelden(app, auftrag);
     TertiaerBefehlAnmelden(app, auftrag);
     LucasBefehlAnmelden(app, auftrag);
     CollatzBefehleAnmelden(app, auftrag);

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "frame/Meldungen.h"
+#include "windows/frmAbstaendeGrafik.h"
 #include "windows/frmCalculator.h"
 #include "windows/frmCollatzBig.h"
 #include "windows/frmCollatzFolgen.h"
@@ -78,6 +79,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnalyseMersenne", modeless<frmAnalyseMersenne>()},
         {"frmAnalysePrimMersenne", modeless<frmAnalysePrimMersenne>()},
+        {"frmAbstaendeGrafik", modeless<frmAbstaendeGrafik>()},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},
         {"frmCollatzFolgen", modeless<frmCollatzFolgen>()},
