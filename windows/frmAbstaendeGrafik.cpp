@@ -235,7 +235,8 @@ frmAbstaendeGrafik::frmAbstaendeGrafik(QWidget* eltern) : Fenster("frmAbstaendeG
                 if (ganzzahl(txtBalkenBreite_, 3) != BalkenBreite && !BalkenAnzahl.empty()) GrafikGo();
             }));
     resize(1150, 720);
-    FensterLaden(QString::fromStdString(AktivesFenster), "");
+    IconsAufbauen("");  // print, save (List1), photo, calculator, close
+    FensterLaden(QString::fromStdString(AktivesFenster));
     ruheText_ = btnGO_->text();
 }
 

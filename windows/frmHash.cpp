@@ -83,7 +83,8 @@ frmHash::frmHash(QWidget* eltern) : Fenster("frmHash", eltern) {
     connect(btnCSV, &QPushButton::clicked, this, Sicher([this] { alsCsv(); }));
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this](int, int) { Behandeln([this] { darstellen(); }); });
 
-    FensterLaden("Hash", "");
+    IconsAufbauen("");  // print, save (the buckets as CSV lines), photo, calculator, close
+    FensterLaden("Hash");
     ruheText_ = btnGO_->text();
 }
 
@@ -228,6 +229,11 @@ void frmHash::alsCsv() {
     if (!ergebnis_) return;
     const std::optional<QString> pfad = speicherZiel("*.CSV (*.CSV)", ".CSV");
     if (pfad && !DateiErsetzen(pfad->toStdString(), HashCsv(*ergebnis_))) MsgInfoP1(2152, pfad->toStdString());
+}
+
+std::optional<QStringList> frmHash::ListenText() {
+    if (!ergebnis_) return std::nullopt;
+    return QString::fromStdString(HashCsv(*ergebnis_)).split('\n', Qt::SkipEmptyParts);
 }
 
 }  // namespace sw

@@ -104,7 +104,8 @@ frmULAM::frmULAM(QWidget* eltern) : Fenster("frmULAM", eltern) {
     connect(btnCSV, &QPushButton::clicked, this, Sicher([this] { alsCsv(); }));
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this](int, int) { Behandeln([this] { darstellen(); }); });
 
-    FensterLaden("Ulam", "");
+    IconsAufbauen("");  // print, save (the cells as CSV lines), photo, calculator, close
+    FensterLaden("Ulam");
     ruheText_ = btnGO_->text();
     zoomSetzen(lblZoom_->text().toInt() > 0 ? lblZoom_->text().toInt() : UlamZelle_);
 }
@@ -293,6 +294,11 @@ void frmULAM::alsCsv() {
     if (!modell_) return;
     const std::optional<QString> pfad = speicherZiel("*.CSV (*.CSV)", ".CSV");
     if (pfad && !DateiErsetzen(pfad->toStdString(), UlamCsv(*modell_))) MsgInfoP1(2152, pfad->toStdString());
+}
+
+std::optional<QStringList> frmULAM::ListenText() {
+    if (!modell_) return std::nullopt;
+    return QString::fromStdString(UlamCsv(*modell_)).split('\n', Qt::SkipEmptyParts);
 }
 
 }  // namespace sw

@@ -33,6 +33,8 @@ public:
 
 protected:
     bool eventFilter(QObject* o, QEvent* e) override;
+    // The "Save" icon writes the same lines as the CSV button.
+    std::optional<QStringList> ListenText() override;
 
 private:
     void darstellen();
