@@ -91,6 +91,16 @@ void HintergrundFarbeSetzen(QWidget* w, long long bgr) {
     w->setAutoFillBackground(true);
 }
 
+QLabel* FarbFeld(QWidget* eltern, int index, QRgb rgb, QObject* filter) {
+    auto* l = Benannt(new QLabel(eltern), "lblCol", index);
+    l->setFixedSize(16, 16);
+    l->setFrameShape(QFrame::Box);
+    l->setCursor(Qt::PointingHandCursor);
+    HintergrundFarbeSetzen(l, FarbeNummer(QColor(rgb)));
+    l->installEventFilter(filter);
+    return l;
+}
+
 void VordergrundFarbeSetzen(QWidget* w, long long bgr) {
     QPalette p = w->palette();
     p.setColor(QPalette::WindowText, FarbeQt(bgr));
@@ -526,6 +536,21 @@ void Fenster::bildSpeichern() {
     }
     std::optional<QString> pfad = speicherZiel("Bitmap (*.bmp);;PNG (*.png)", ".bmp");
     if (pfad && !BildSpeichern(bild, *pfad)) MsgLaufwerk();
+}
+
+void Fenster::PngSpeichern() {
+    const QImage bild = BildAbbild();
+    if (bild.isNull()) {
+        MsgInfo(1105);
+        return;
+    }
+    const std::optional<QString> pfad = speicherZiel("*.PNG (*.PNG)", ".PNG");
+    if (pfad && !BildSpeichern(bild, *pfad)) MsgLaufwerk();
+}
+
+void Fenster::CsvSpeichern(const std::string& text) {
+    const std::optional<QString> pfad = speicherZiel("*.CSV (*.CSV)", ".CSV");
+    if (pfad && !DateiErsetzen(pfad->toStdString(), text)) MsgLaufwerk();
 }
 
 void Fenster::drucken() {

@@ -6,6 +6,7 @@
 // the help page of the window's key.
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QMainWindow>
 #include <QString>
@@ -15,6 +16,7 @@
 
 #include "frame/Decimal.h"
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPrinter;
@@ -101,6 +103,10 @@ protected:
 
     // The save dialog in ProgrammPfad; a chosen name without any dot gets endung.
     std::optional<QString> speicherZiel(const QString& filter, const QString& endung);
+    // The buttons "PNG" and "CSV" of the drawing windows: BildAbbild as PNG, or text as a .CSV
+    // file, to a name the user picks; each file is replaced whole or not at all.
+    void PngSpeichern();
+    void CsvSpeichern(const std::string& text);
 
     QString mHelp;
 
@@ -132,5 +138,8 @@ void HintergrundFarbeSetzen(QWidget* w, long long bgr);
 void VordergrundFarbeSetzen(QWidget* w, long long bgr);
 QColor FarbeQt(long long bgr);
 long long FarbeNummer(const QColor& c);
+// One of a window's colour fields lblCol(index): a small framed square in the colour rgb
+// (framed so that white stays visible); filter receives its clicks and opens the colour dialog.
+QLabel* FarbFeld(QWidget* eltern, int index, QRgb rgb, QObject* filter);
 
 }  // namespace sw

@@ -1,7 +1,6 @@
 #include "windows/frmAbstaendeGrafik.h"
 
 #include <QActionGroup>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QFile>
 #include <QGridLayout>
@@ -217,7 +216,7 @@ frmAbstaendeGrafik::frmAbstaendeGrafik(QWidget* eltern) : Fenster("frmAbstaendeG
     connect(Benannt(datei->addAction("Gespeicherte Zahlen laden …"), "mnuCsvLaden"), &QAction::triggered, this,
             Sicher([this] { csvImport(); }));
     connect(Benannt(datei->addAction("Bild speichern (PNG) …"), "mnuPng"), &QAction::triggered, this,
-            Sicher([this] { pngExport(); }));
+            Sicher([this] { PngSpeichern(); }));
 
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { GrafikGo(); }));
     connect(btnNextEbene_, &QPushButton::clicked, this, Sicher([this] { Blaettern(0); }));
@@ -606,13 +605,15 @@ void frmAbstaendeGrafik::Blaettern(int richtung) {
     GrafikGo();
 }
 
-bool frmAbstaendeGrafik::CsvSchreiben(const QString& pfad) {
+std::string frmAbstaendeGrafik::CsvText() const {
     std::vector<std::vector<std::string>> listen(3);
     for (int k = 0; k < 3; ++k) {
         for (int i = 0; i < List_[k]->count(); ++i) listen[size_t(k)].push_back(List_[k]->item(i)->text().toStdString());
     }
-    return DateiErsetzen(pfad.toStdString(), AbstandCsvText(listen));
+    return AbstandCsvText(listen);
 }
+
+bool frmAbstaendeGrafik::CsvSchreiben(const QString& pfad) { return DateiErsetzen(pfad.toStdString(), CsvText()); }
 
 bool frmAbstaendeGrafik::CsvLaden(const QString& pfad) {
     QFile datei(pfad);
@@ -644,25 +645,12 @@ void frmAbstaendeGrafik::csvExport() {
         MsgInfo(1104);
         return;
     }
-    const std::optional<QString> pfad = speicherZiel("*.CSV (*.CSV)", ".CSV");
-    if (pfad && !CsvSchreiben(*pfad)) MsgLaufwerk();
+    CsvSpeichern(CsvText());
 }
 
 void frmAbstaendeGrafik::csvImport() {
     DateiAnfrage anfrage{false, windowTitle(), q(ProgrammPfad), QString(), "*.CSV (*.CSV)"};
     if (const std::optional<QString> pfad = DateiDialog(this, anfrage)) CsvLaden(*pfad);
-}
-
-void frmAbstaendeGrafik::pngExport() {
-    const std::optional<QString> pfad = speicherZiel("*.PNG (*.PNG)", ".PNG");
-    if (!pfad) return;
-    QByteArray daten;
-    QBuffer puffer(&daten);
-    puffer.open(QIODevice::WriteOnly);
-    if (!picAnzeige_->Abbild().save(&puffer, "PNG") ||
-        !DateiErsetzen(pfad->toStdString(), std::string_view(daten.constData(), size_t(daten.size())))) {
-        MsgLaufwerk();
-    }
 }
 
 }  // namespace sw

@@ -48,6 +48,7 @@ public:
     QString CursorText(int x) const;
     // The three lists as a CSV file (temporary file, then renamed), and read back.
     bool CsvSchreiben(const QString& pfad);
+    std::string CsvText() const;
     bool CsvLaden(const QString& pfad);
 
     // The arrays of the last count, kept so that a change of view redraws without counting.
@@ -80,7 +81,6 @@ private:
     void listenFuellen();
     void csvExport();
     void csvImport();
-    void pngExport();
 
     QGroupBox* fraModus_[3];
     QLineEdit* txtSchranke_[3];

@@ -56,13 +56,7 @@ frmCollatzAnzeige::frmCollatzAnzeige(QWidget* eltern) : Fenster("frmCollatzAnzei
     auto* zeile = new QHBoxLayout;
     btnGO_ = Benannt(new QPushButton("Kopieren", mitte), "btnGO");
     zeile->addWidget(btnGO_);
-    lblCol_ = Benannt(new QLabel(mitte), "lblCol", 0);
-    lblCol_->setFixedSize(16, 16);
-    lblCol_->setAutoFillBackground(true);
-    lblCol_->setFrameShape(QFrame::Box);
-    lblCol_->setCursor(Qt::PointingHandCursor);
-    HintergrundFarbeSetzen(lblCol_, FarbeNummer(QColor(Qt::white)));
-    lblCol_->installEventFilter(this);
+    lblCol_ = FarbFeld(mitte, 0, qRgb(255, 255, 255), this);
     zeile->addWidget(lblCol_);
     zeile->addStretch(1);
     lay->addLayout(zeile);

@@ -82,13 +82,7 @@ frmCollatzFolgen::frmCollatzFolgen(QWidget* eltern) : Fenster("frmCollatzFolgen"
     btnGO_ = Benannt(new QPushButton("Start", mitte), "btnGO");
     zeile2->addWidget(btnGO_);
     for (size_t i = 0; i < lblCol_.size(); ++i) {
-        lblCol_[i] = Benannt(new QLabel(mitte), "lblCol", int(i));
-        lblCol_[i]->setFixedSize(16, 16);
-        lblCol_[i]->setAutoFillBackground(true);
-        lblCol_[i]->setFrameShape(QFrame::Box);
-        lblCol_[i]->setCursor(Qt::PointingHandCursor);
-        HintergrundFarbeSetzen(lblCol_[i], FarbeNummer(QColor(QRgb(kFarben[i]))));
-        lblCol_[i]->installEventFilter(this);
+        lblCol_[i] = FarbFeld(mitte, int(i), QRgb(kFarben[i]), this);
         zeile2->addWidget(lblCol_[i]);
     }
     lay->addLayout(zeile2);

@@ -99,13 +99,7 @@ frmCollatzGRF::frmCollatzGRF(QWidget* eltern) : Fenster("frmCollatzGRF", eltern)
     zeile2->addWidget(lblProzent_);
     zeile2->addStretch(1);
     for (int i = 0; i < 5; ++i) {
-        lblCol_[i] = Benannt(new QLabel(mitte), "lblCol", i);
-        lblCol_[i]->setFixedSize(16, 16);
-        lblCol_[i]->setAutoFillBackground(true);
-        HintergrundFarbeSetzen(lblCol_[i], FarbeNummer(QColor(kFarben[i])));
-        lblCol_[i]->setFrameShape(QFrame::Box);  // a white colour stays visible
-        lblCol_[i]->setCursor(Qt::PointingHandCursor);
-        lblCol_[i]->installEventFilter(this);
+        lblCol_[i] = FarbFeld(mitte, i, kFarben[i], this);
         zeile2->addWidget(lblCol_[i]);
     }
     lay->addLayout(zeile2);

@@ -110,13 +110,7 @@ frmCollatzGrafExtrem::frmCollatzGrafExtrem(QWidget* eltern) : Fenster("frmCollat
     for (QPushButton* b : {btnGO_, btnTabelle, btnExtrem, btnBig}) zeile3->addWidget(b);
     zeile3->addStretch(1);
     for (int i = 0; i < 5; ++i) {
-        lblCol_[i] = Benannt(new QLabel(mitte), "lblCol", i);
-        lblCol_[i]->setFixedSize(16, 16);
-        lblCol_[i]->setAutoFillBackground(true);
-        HintergrundFarbeSetzen(lblCol_[i], FarbeNummer(QColor(kFarben[i])));
-        lblCol_[i]->setFrameShape(QFrame::Box);  // a white colour stays visible
-        lblCol_[i]->setCursor(Qt::PointingHandCursor);
-        lblCol_[i]->installEventFilter(this);
+        lblCol_[i] = FarbFeld(mitte, i, kFarben[i], this);
         zeile3->addWidget(lblCol_[i]);
     }
     lay->addLayout(zeile3);

@@ -79,8 +79,8 @@ frmHash::frmHash(QWidget* eltern) : Fenster("frmHash", eltern) {
 
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { HashZaehlen(); }));
     connect(txtBits_, &QLineEdit::returnPressed, this, Sicher([this] { HashZaehlen(); }));
-    connect(btnPNG, &QPushButton::clicked, this, Sicher([this] { alsPng(); }));
-    connect(btnCSV, &QPushButton::clicked, this, Sicher([this] { alsCsv(); }));
+    connect(btnPNG, &QPushButton::clicked, this, Sicher([this] { if (ergebnis_) PngSpeichern(); }));
+    connect(btnCSV, &QPushButton::clicked, this, Sicher([this] { if (ergebnis_) CsvSpeichern(HashCsv(*ergebnis_)); }));
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this](int, int) { Behandeln([this] { darstellen(); }); });
 
     IconsAufbauen("");  // print, save (the buckets as CSV lines), photo, calculator, close
@@ -217,18 +217,6 @@ bool frmHash::eventFilter(QObject* o, QEvent* e) {
             break;
     }
     return Fenster::eventFilter(o, e);
-}
-
-void frmHash::alsPng() {
-    if (!ergebnis_) return;
-    const std::optional<QString> pfad = speicherZiel("*.PNG (*.PNG)", ".PNG");
-    if (pfad && !BildSpeichern(picAnzeige_->Abbild(), *pfad)) MsgInfoP1(2152, pfad->toStdString());
-}
-
-void frmHash::alsCsv() {
-    if (!ergebnis_) return;
-    const std::optional<QString> pfad = speicherZiel("*.CSV (*.CSV)", ".CSV");
-    if (pfad && !DateiErsetzen(pfad->toStdString(), HashCsv(*ergebnis_))) MsgInfoP1(2152, pfad->toStdString());
 }
 
 std::optional<QStringList> frmHash::ListenText() {

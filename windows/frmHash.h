@@ -38,8 +38,6 @@ protected:
 private:
     void darstellen();
     void ablesen(int x);
-    void alsPng();
-    void alsCsv();
 
     QLineEdit* txtBits_;
     QRadioButton* optMethode_[3];

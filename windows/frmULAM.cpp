@@ -100,8 +100,8 @@ frmULAM::frmULAM(QWidget* eltern) : Fenster("frmULAM", eltern) {
 
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { UlamZeichnen(); }));
     connect(btnGlatt_, &QPushButton::clicked, this, Sicher([this] { UlamGlaetten(); }));
-    connect(btnPNG, &QPushButton::clicked, this, Sicher([this] { alsPng(); }));
-    connect(btnCSV, &QPushButton::clicked, this, Sicher([this] { alsCsv(); }));
+    connect(btnPNG, &QPushButton::clicked, this, Sicher([this] { if (modell_) PngSpeichern(); }));
+    connect(btnCSV, &QPushButton::clicked, this, Sicher([this] { if (modell_) CsvSpeichern(UlamCsv(*modell_)); }));
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this](int, int) { Behandeln([this] { darstellen(); }); });
 
     IconsAufbauen("");  // print, save (the cells as CSV lines), photo, calculator, close
@@ -282,18 +282,6 @@ bool frmULAM::eventFilter(QObject* o, QEvent* e) {
             break;
     }
     return Fenster::eventFilter(o, e);
-}
-
-void frmULAM::alsPng() {
-    if (!modell_) return;
-    const std::optional<QString> pfad = speicherZiel("*.PNG (*.PNG)", ".PNG");
-    if (pfad && !BildSpeichern(picAnzeige_->Abbild(), *pfad)) MsgInfoP1(2152, pfad->toStdString());
-}
-
-void frmULAM::alsCsv() {
-    if (!modell_) return;
-    const std::optional<QString> pfad = speicherZiel("*.CSV (*.CSV)", ".CSV");
-    if (pfad && !DateiErsetzen(pfad->toStdString(), UlamCsv(*modell_))) MsgInfoP1(2152, pfad->toStdString());
 }
 
 std::optional<QStringList> frmULAM::ListenText() {

@@ -39,8 +39,6 @@ protected:
 private:
     void darstellen();
     void zoomSetzen(int zelle);
-    void alsPng();
-    void alsCsv();
     std::optional<QPoint> zelleBei(QPoint p) const;
 
     QLineEdit *txtInnenZahl_, *txtX_, *txtY_, *txtDiff_, *txtDiffDiff_, *txtGlatt_;

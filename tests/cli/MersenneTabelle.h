@@ -1,14 +1,22 @@
 // The Mersenne database as another program sees it, for the tests that kill sw-cli while it
-// writes: the rows of one file (after SQLite's integrity check) and a GMP check that a
-// divisor divides.
+// writes: a run stopped by a signal at a random moment, the rows of one file (after SQLite's
+// integrity check) and a GMP check that a divisor divides.
 #pragma once
 
+#include <fcntl.h>
 #include <gmp.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
+#include <filesystem>
 #include <map>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace sw::test {
 
@@ -20,10 +28,34 @@ struct Zeile {
 };
 using Tabelle = std::map<long long, Zeile>;
 
-// The table as another program sees it; a NULL reads as "<null>". Fails the test when the file
-// does not open or its integrity check does not say "ok".
+// sw-cli with argumente, its output thrown away, sent signal after warten; the wait status.
+inline int AbbrechenNach(const std::vector<std::string>& argumente, std::chrono::milliseconds warten,
+                         int signal = SIGKILL) {
+    std::vector<char*> argv{const_cast<char*>(SW_CLI_PFAD)};
+    for (const std::string& a : argumente) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    const pid_t kind = fork();
+    EXPECT_GE(kind, 0);
+    if (kind == 0) {
+        const int leer = open("/dev/null", O_WRONLY);
+        dup2(leer, 1);
+        dup2(leer, 2);
+        execv(SW_CLI_PFAD, argv.data());
+        _exit(127);
+    }
+    std::this_thread::sleep_for(warten);
+    kill(kind, signal);
+    int status = 0;
+    waitpid(kind, &status, 0);
+    return status;
+}
+
+// The table as another program sees it; a NULL reads as "<null>". A file a killed run had not
+// yet made holds nothing. Fails the test when the file does not open or its integrity check
+// does not say "ok".
 inline Tabelle lesen(const std::string& datei) {
     Tabelle t;
+    if (!std::filesystem::exists(datei)) return t;
     sqlite3* db = nullptr;
     EXPECT_EQ(sqlite3_open(datei.c_str(), &db), SQLITE_OK) << datei;
     auto text = [](sqlite3_stmt* s, int i) {
@@ -57,6 +89,16 @@ inline Tabelle lesen(const std::string& datei) {
     sqlite3_finalize(s);
     sqlite3_close(db);
     return t;
+}
+
+// The divisors of a row's list "q1xq2x...", one by one.
+inline std::vector<std::string> TeilerEinzeln(const std::string& liste) {
+    std::vector<std::string> teiler;
+    for (size_t anfang = 0, ende; anfang <= liste.size(); anfang = ende + 1) {
+        ende = std::min(liste.find('x', anfang), liste.size());
+        teiler.push_back(liste.substr(anfang, ende - anfang));
+    }
+    return teiler;
 }
 
 inline bool teilt(long long p, const std::string& q) {

@@ -3,15 +3,8 @@
 // every divisor divides (GMP); no divisor once written may go missing, and the run that
 // finally completes must leave exactly the table of a run that was never interrupted.
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
-#include <fcntl.h>
-#include <filesystem>
 #include <random>
-#include <thread>
 
 #include "CliBasis.h"
 #include "MersenneTabelle.h"
@@ -59,28 +52,13 @@ TEST_F(TeilerAnalyseCli, KilledAtRandomTheWalkLeavesWholeRowsAndEndsAsAnUninterr
     Tabelle vorher;
     int mittendrin = 0;
     for (int runde = 0; runde < 30; ++runde) {
-        const pid_t kind = fork();
-        ASSERT_GE(kind, 0);
-        if (kind == 0) {
-            const int leer = open("/dev/null", O_WRONLY);
-            dup2(leer, 1);
-            dup2(leer, 2);
-            execl(SW_CLI_PFAD, SW_CLI_PFAD, "teileranalyse", "1", "4000000", "--db", ordner.c_str(), nullptr);
-            _exit(127);
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(warten(zufall)));
-        kill(kind, SIGKILL);
-        int status = 0;
-        waitpid(kind, &status, 0);
+        const int status =
+            AbbrechenNach({"teileranalyse", "1", "4000000", "--db", ordner}, std::chrono::milliseconds(warten(zufall)));
         mittendrin += WIFSIGNALED(status);
-        const Tabelle jetzt = std::filesystem::exists(ordner + "/Prim.db") ? lesen(ordner + "/Prim.db") : Tabelle{};
+        const Tabelle jetzt = lesen(ordner + "/Prim.db");
         for (const auto& [p, z] : jetzt) {
             ASSERT_EQ(z.mersenne, 2) << p;
-            size_t anfang = 0;
-            for (size_t ende; anfang <= z.teiler.size(); anfang = ende + 1) {
-                ende = std::min(z.teiler.find('x', anfang), z.teiler.size());
-                ASSERT_TRUE(teilt(p, z.teiler.substr(anfang, ende - anfang))) << z.teiler << " of " << p;
-            }
+            for (const std::string& q : TeilerEinzeln(z.teiler)) ASSERT_TRUE(teilt(p, q)) << z.teiler << " of " << p;
         }
         for (const auto& [p, z] : vorher) {
             ASSERT_TRUE(jetzt.count(p)) << "the row of " << p << " went missing";
