@@ -467,7 +467,9 @@ void frmAbstaendeGrafik::GrafikPlot() {
     picText_->Leeren();
     const int hoehe = picAnzeige_->height(), breite = picAnzeige_->width();
     if (BalkenWert.empty()) {
-        picText_->Text(kRand, kRand, q(Text(2106)), Qt::black);
+        // Before the first count there is nothing to explain; after it, no bars means the
+        // picture had no room for one.
+        if (breiteGezaehlt_ >= 0) picText_->Text(kRand, kRand, q(Text(2106)), Qt::black);
         return;
     }
     // The views: level alignment divides by the singular series, so that all differences stand

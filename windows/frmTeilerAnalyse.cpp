@@ -24,7 +24,9 @@
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "primality/PrimzahlTest.h"
 #include "sieve/RasterTabellen.h"
+#include "views/RasterVorhanden.h"
 #include "windows/Fensterregister.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
@@ -139,6 +141,8 @@ void frmTeilerAnalyse::Starten() {
         frmTeilerAnalyse* w;
         ~Ruhe() { w->btnGO_->setText("OK"); }
     } ruhe{this};
+    // Every width takes its exponents and the q it can decide from the raster.
+    if (!PrimaerRasterVorhanden()) return;
     const auto f = ZahlEingabe(txtKFilter_, "k-Filter", Decimal(0), Decimal(kKFilterMax));
     if (!f) return;
     const int64_t fWert = f->AlsInt64();
@@ -152,7 +156,9 @@ void frmTeilerAnalyse::Starten() {
     const auto potenz = ZahlEingabe(txtPotenz_, "Exponent ab", Decimal(0), Decimal(GrenzeLong));
     if (!potenz) return;
     TeilerAnalyseAuftrag a;
-    a.start = Hyp2Text(Formel2Hyp(txtZahl_->text().toStdString()));
+    // Text that is no number is read as a formula, so "abc" gets the evaluator's message
+    // instead of silently starting from 0.
+    a.start = Hyp2Text(Formel2Hyp(PrimTestEingabe(txtZahl_->text().toStdString())));
     a.kFilter = f->Text();
     a.bisPrim = bisPrim->AlsInt64();
     a.potenz = int32_t(potenz->AlsInt64());
@@ -185,6 +191,9 @@ void frmTeilerAnalyse::Starten() {
 
 void frmTeilerAnalyse::Stand(const std::string& zahl, int32_t takt) {
     lblSpeed_->setText(QString::number(takt));
+    // The newest hit is selected here, at the walk's turns, not per hit: selecting lays out
+    // the whole list, and per hit that cost more than the walk itself.
+    if (List1_->count() > 0) List1_->setCurrentRow(List1_->count() - 1);
     // The Hyp width shows q as the display of large numbers, the others grouped.
     txtZahl_->setText(q(breite_ == TeilerBreite::Hyp ? ZiffernAnzeige(zahl) : ZahlFormat(zahl)));
     // The word walk ends at the raster's end: its share passed gives the remaining time.
@@ -208,10 +217,7 @@ void frmTeilerAnalyse::ListeLeeren() {
     csv_.clear();
 }
 
-void frmTeilerAnalyse::ListeHinzufuegen(const std::string& eintrag) {
-    List1_->addItem(q(eintrag));
-    List1_->setCurrentRow(List1_->count() - 1);
-}
+void frmTeilerAnalyse::ListeHinzufuegen(const std::string& eintrag) { List1_->addItem(q(eintrag)); }
 
 void frmTeilerAnalyse::StatusSetzen(const std::string& text) { lblStatus_->setText(q(text)); }
 void frmTeilerAnalyse::FortschrittSetzen(const std::string& text) { lblFortschritt_->setText(q(text)); }
