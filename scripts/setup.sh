@@ -12,6 +12,8 @@ PACKAGES=(
   qt6-translations-l10n
   xvfb xauth
   pari-gp
+  libpq-dev postgresql
+  libopenmpi-dev openmpi-bin
 )
 
 missing=()
