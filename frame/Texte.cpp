@@ -60,10 +60,28 @@ struct TexCache {
     long long zeit = -1;
     unsigned long long inode = 0;  // a file replaced by rename is new even at equal size and time
     std::vector<std::string> zeilen;
+    // The numbered entries in file order, their keys parsed once: windows look texts up per
+    // row of a list, and parsing every line again for each lookup dominated long runs.
+    std::vector<std::pair<double, std::string>> nummern;
 };
 
-// The lines of sw.TEX, renewed when the file changed since the last lookup.
-const std::vector<std::string>& texZeilen() {
+bool numerisch(const std::string& s, double& wert) { return IstNumerisch(s, &wert); }
+
+void nummernLesen(TexCache& cache) {
+    cache.nummern.clear();
+    for (const std::string& roh : cache.zeilen) {
+        std::string zeile = Trimmen(roh);
+        if (zeile.empty() || zeile[0] == ';') continue;
+        size_t gleich = zeile.find('=');
+        if (gleich == std::string::npos) continue;
+        double nummer;
+        if (!numerisch(zeile.substr(0, gleich), nummer)) continue;
+        cache.nummern.emplace_back(nummer, RechtsTrimmen(zeile.substr(gleich + 1)));
+    }
+}
+
+// sw.TEX, renewed when the file changed since the last lookup.
+const TexCache& texDatei() {
     static TexCache cache;
     std::string pfad = TexDateiPfad();
     struct stat st {};
@@ -72,7 +90,7 @@ const std::vector<std::string>& texZeilen() {
     }
     long long zeit = static_cast<long long>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
     if (pfad == cache.pfad && st.st_size == cache.groesse && zeit == cache.zeit && st.st_ino == cache.inode) {
-        return cache.zeilen;
+        return cache;
     }
 
     std::ifstream f(pfad, std::ios::binary);
@@ -98,10 +116,11 @@ const std::vector<std::string>& texZeilen() {
     cache.groesse = st.st_size;
     cache.zeit = zeit;
     cache.inode = st.st_ino;
-    return cache.zeilen;
+    nummernLesen(cache);
+    return cache;
 }
 
-bool numerisch(const std::string& s, double& wert) { return IstNumerisch(s, &wert); }
+const std::vector<std::string>& texZeilen() { return texDatei().zeilen; }
 
 // Replaces every mark of the list in one pass, ignoring case, so that what one
 // replacement puts in (a parameter typed by the user) is never taken for another mark.
@@ -145,16 +164,10 @@ std::string VersionText() {
 }
 
 std::string Text(int key) {
-    for (const std::string& roh : texZeilen()) {
-        std::string zeile = Trimmen(roh);
-        if (zeile.empty() || zeile[0] == ';') continue;
-        size_t gleich = zeile.find('=');
-        if (gleich == std::string::npos) continue;
-        double nummer;
-        if (!numerisch(zeile.substr(0, gleich), nummer)) continue;
+    for (const auto& [nummer, roh] : texDatei().nummern) {
         if (nummer > key) return "";
         if (nummer == key) {
-            std::string wert = RechtsTrimmen(zeile.substr(gleich + 1));
+            std::string wert = roh;
             size_t strich = wert.find('|');
             if (strich != std::string::npos) wert = RechtsTrimmen(wert.substr(0, strich));
             return platzhalterErsetzen(wert);

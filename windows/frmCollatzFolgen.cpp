@@ -176,8 +176,9 @@ void frmCollatzFolgen::lauf(const FamilienAuftrag& a) {
     letzterAuftrag_ = a;
     CollatzFamilie familie(a);  // a refused order is shown by the handler, the list stays empty
     const QColor markiert = FarbeQt(HintergrundFarbe(lblCol_[1]));
-    QElapsedTimer zuletztGerollt;
+    QElapsedTimer zuletztGerollt, zuletztGezeigt;
     zuletztGerollt.start();
+    zuletztGezeigt.start();
     // However the run ends (a stop, the full list, the end of the family), the last row shows.
     struct AmEndeRollen {
         QListWidget* l;
@@ -185,7 +186,6 @@ void frmCollatzFolgen::lauf(const FamilienAuftrag& a) {
     } amEnde{list1_};
     DoEvents();
     while (!Abbruch) {
-        txtStart_->setText(q(ZahlFormat(static_cast<long long>(familie.N()))));
         const FamilienZeile z = familie.Zaehlen();
         auto* item = new QListWidgetItem(q(FamilienZeileText(z)));
         item->setData(NRolle, z.n);
@@ -204,11 +204,16 @@ void frmCollatzFolgen::lauf(const FamilienAuftrag& a) {
             MsgInfoP1(TextListeVoll, ZahlFormat(static_cast<long long>(z.n)));
             break;
         }
-        DoEvents();
-        if (Abbruch) break;
         familie.Weiter();  // past the largest n its message ends the run; the rows stay
-        DoEvents();
+        // Small members take microseconds: a turn of the event loop per row would cost more
+        // than the counting, so the field and the stop button get one every 20 ms.
+        if (zuletztGezeigt.elapsed() >= 20) {
+            txtStart_->setText(q(ZahlFormat(static_cast<long long>(familie.N()))));
+            DoEvents();
+            zuletztGezeigt.restart();
+        }
     }
+    txtStart_->setText(q(ZahlFormat(static_cast<long long>(familie.N()))));
 }
 
 void frmCollatzFolgen::ZeileZeigen(QListWidgetItem* item) {
