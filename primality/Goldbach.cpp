@@ -183,6 +183,15 @@ double GoldbachSchaetzung(uint64_t n) {
     return faktor * summe * h / 3;
 }
 
+bool GoldbachKometPruefen(int64_t von, int64_t bis) {
+    const int64_t erstes = std::max<int64_t>(von + (von & 1), 4);
+    if (von < 0 || bis < erstes || uint64_t(bis) > grenze() || (bis - erstes) / 2 >= GoldbachKometHoechstens) {
+        MsgInfoP1P2(2203, ZahlFormat(PrimaerGrenze), ZahlFormat(static_cast<long long>(GoldbachKometHoechstens)));
+        return false;
+    }
+    return true;
+}
+
 GoldbachKomet GoldbachKometZaehlen(uint64_t von, uint64_t bis, const std::function<bool(double)>& weiter) {
     GoldbachKomet k;
     k.von = std::max<uint64_t>(von + (von % 2), 4);

@@ -39,6 +39,12 @@ uint64_t GoldbachAnzahl(uint64_t n);
 // integral of dt / (ln t ln(n - t)) from 2 to n/2 (the half of the ordered splits' integral).
 double GoldbachSchaetzung(uint64_t n);
 
+// The most even numbers one comet counts (8 bytes each, and minutes of work already).
+inline constexpr int64_t GoldbachKometHoechstens = 10000000;
+// True when [von, bis] holds an even n >= 4, von <= bis <= limit, and at most
+// GoldbachKometHoechstens even numbers; else information 2203.
+bool GoldbachKometPruefen(int64_t von, int64_t bis);
+
 // r(n) for every even n in [von, bis] (both made even inwards), in ascending order. weiter is
 // asked now and then with the share done; false stops and keeps what was counted.
 struct GoldbachKomet {
