@@ -201,7 +201,8 @@ void frmGoldbachStd::kometZeichnen() {
 }
 
 void frmGoldbachStd::IconFensterAktion(const QString& tag) {
-    if (tag == "Table") ansicht_->setCurrentWidget(ansicht_->currentWidget() == liste_ ? picAnzeige_ : liste_);
+    if (tag != "Table") return;
+    ansicht_->setCurrentIndex(ansicht_->currentWidget() == liste_ ? ansicht_->indexOf(picAnzeige_) : ansicht_->indexOf(liste_));
 }
 
 }  // namespace sw
