@@ -53,6 +53,8 @@ void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // ulam: the Ulam spiral of a picture of cells; hash: the primes over the buckets of a bit fold.
 void UlamBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void HashBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// goldbach: the splits of an even number into two primes, their count, and the count over a range.
+void GoldbachBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;

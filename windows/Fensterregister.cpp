@@ -20,6 +20,7 @@
 #include "windows/frmExtremSuche.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
+#include "windows/frmGoldbachStd.h"
 #include "windows/frmHash.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
@@ -91,6 +92,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmExtremSuche", modeless<frmExtremSuche>()},
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
+        {"frmGoldbachStd", modeless<frmGoldbachStd>()},
         {"frmHash", modeless<frmHash>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
         {"frmMersenneAnalyse", modeless<frmMersenneAnalyse>()},
