@@ -20,7 +20,10 @@
 #include "windows/frmExtremSuche.h"
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
+#include "windows/frmCount.h"
 #include "windows/frmHash.h"
+#include "windows/frmModuloBetrachtung.h"
+#include "windows/frmPrimAbstandAb.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
 #include "windows/frmMersenneAnalyse.h"
@@ -92,6 +95,9 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktor", mitBesitzer<frmFaktor>()},
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmHash", modeless<frmHash>()},
+        {"frmCount", modeless<frmCount>()},
+        {"frmModuloBetrachtung", modeless<frmModuloBetrachtung>()},
+        {"frmPrimAbstandAb", modeless<frmPrimAbstandAb>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
         {"frmMersenneAnalyse", modeless<frmMersenneAnalyse>()},
         // Owned by the divisor search that opens it: it reads the segment from its exponent.
