@@ -23,6 +23,7 @@ struct Frage {
     std::vector<std::string> zahlen;
     RasterWahl raster;
     bool json = false;
+    bool tupel = false;  // count --tuples
 };
 
 Decimal hoechstens(const Decimal& a, const Decimal& b) { return a < b ? b : a; }
@@ -52,6 +53,7 @@ void ausgeben(const Frage& f, JsonObjekt& j, const std::string& text) {
 }
 
 void zaehlen(const Frage& f) {
+    if (f.tupel) return TupelZaehlenAusgeben(f.zahlen[0], f.zahlen[1], f.raster, f.json);
     const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "count");
     if (SekundaerWeg(bis, f.raster)) return SekundaerZaehlenAusgeben(von, bis, f.json);
     rasterBis(f, bis, "count");
@@ -136,7 +138,7 @@ void primTest(const Frage& f) {
     ausgeben(f, j, !u.prim ? "composite" : u.bewiesen ? "prime" : "probable prime");
 }
 
-void anmelden(CLI::App& app, std::function<void()>& auftrag, const char* name, const char* hilfe, std::vector<const char*> zahlen,
+std::shared_ptr<Frage> anmelden(CLI::App& app, std::function<void()>& auftrag, const char* name, const char* hilfe, std::vector<const char*> zahlen,
               void (*ausfuehren)(const Frage&)) {
     auto f = std::make_shared<Frage>();
     f->zahlen.resize(zahlen.size());
@@ -146,12 +148,16 @@ void anmelden(CLI::App& app, std::function<void()>& auftrag, const char* name, c
     sub->add_option("--block", f->raster.block, "load the raster from this block file");
     sub->add_flag("--json", f->json, "print one JSON object");
     sub->callback([f, ausfuehren, &auftrag]() { auftrag = [f, ausfuehren]() { ausfuehren(*f); }; });
+    return f;
 }
 
 }  // namespace
 
 void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag) {
-    anmelden(app, auftrag, "count", "count the primes from FROM to TO", {"FROM", "TO"}, zaehlen);
+    const auto zaehlFrage = anmelden(app, auftrag, "count", "count the primes from FROM to TO", {"FROM", "TO"}, zaehlen);
+    app.get_subcommand("count")->add_flag("--tuples", zaehlFrage->tupel,
+                                          "also twins, cousins, sexy pairs, triplets and quadruplets, per decade, "
+                                          "against li(x), R(x) and the Hardy-Littlewood estimates");
     anmelden(app, auftrag, "primes", "list the primes from FROM to TO, one a line", {"FROM", "TO"}, auflisten);
     anmelden(app, auftrag, "next", "the smallest prime greater than N", {"N"}, naechste);
     anmelden(app, auftrag, "prev", "the greatest prime smaller than N", {"N"}, vorherige);

@@ -70,6 +70,17 @@ void FensterweiseSieben(unsigned __int128 a, unsigned __int128 bis,
                         const std::function<void(unsigned __int128, unsigned __int128)>& fenster);
 // gaps: how often each difference between primes occurs in a range.
 void AbstandBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// count --tuples: the primes and prime constellations of a range, per decade, with estimates.
+void TupelZaehlenAusgeben(const std::string& von, const std::string& bis, const RasterWahl& raster, bool json);
+// [von, bis] with the raster it needs: the part up to the primary raster's limit goes to
+// primaer(a, b) once, the rest to fenster(a, b) window by window, in ascending order.
+void BereichSieben(const Decimal& von, const Decimal& bis, const RasterWahl& raster, const std::string& frage,
+                   const std::function<void(unsigned __int128, unsigned __int128)>& primaer,
+                   const std::function<void(unsigned __int128, unsigned __int128)>& fenster);
+// residues: the primes of a range per residue class, and the race of two classes.
+void RestklassenBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// gaps-from: the gaps between consecutive primes from a start of any size.
+void LueckenAbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // twins with --method: the search of the twin window by one of its four methods, at any height.
 void ZwillingeMitVerfahren(const std::string& von, const std::string& bis, const std::string& methode,
                            const std::string& test, const RasterWahl& raster, bool json);

@@ -21,7 +21,10 @@
 #include "windows/frmFaktor.h"
 #include "windows/frmFaktorAnzeige.h"
 #include "windows/frmGoldbachStd.h"
+#include "windows/frmCount.h"
 #include "windows/frmHash.h"
+#include "windows/frmModuloBetrachtung.h"
+#include "windows/frmPrimAbstandAb.h"
 #include "windows/frmPrimModify.h"
 #include "windows/frmLucasLehmer.h"
 #include "windows/frmMersenneAnalyse.h"
@@ -94,6 +97,9 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmFaktorAnzeige", modeless<frmFaktorAnzeige>()},
         {"frmGoldbachStd", modeless<frmGoldbachStd>()},
         {"frmHash", modeless<frmHash>()},
+        {"frmCount", modeless<frmCount>()},
+        {"frmModuloBetrachtung", modeless<frmModuloBetrachtung>()},
+        {"frmPrimAbstandAb", modeless<frmPrimAbstandAb>()},
         {"frmLucasLehmer", modeless<frmLucasLehmer>()},
         {"frmMersenneAnalyse", modeless<frmMersenneAnalyse>()},
         // Owned by the divisor search that opens it: it reads the segment from its exponent.
