@@ -54,6 +54,9 @@ void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void UlamBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void HashBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// quadrat: roots, roots mod p, inverses, primitive roots, byte strings, word arithmetic, FFT product.
+void QuadratBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;
 void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
