@@ -83,7 +83,10 @@ BytesAlsText ZahlText(const Hyp& h) {
     const std::vector<uint8_t> b = bytesVon(h);
     BytesAlsText t;
     t.text.assign(b.begin(), b.end());
-    t.utf8 = IstUtf8(t.text);
+    t.lesbar = IstUtf8(t.text) && std::none_of(t.text.begin(), t.text.end(), [](char c) {
+        const auto u = uint8_t(c);
+        return (u < 0x20 && c != '\t' && c != '\n' && c != '\r') || u == 0x7F;
+    });
     return t;
 }
 

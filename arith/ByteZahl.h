@@ -22,8 +22,9 @@ Hyp HexBytesZahl(const std::string& text);
 Hyp TextZahl(const std::string& text);
 
 struct BytesAlsText {
-    std::string text;   // the number's bytes as they are
-    bool utf8 = false;  // true when they are valid UTF-8, so the text can be shown as such
+    std::string text;     // the number's bytes as they are
+    bool lesbar = false;  // valid UTF-8 without control characters (but tab and line breaks):
+                          // only then is it shown as text, so 2^64 + 1 is not shown as noise
 };
 BytesAlsText ZahlText(const Hyp& h);
 

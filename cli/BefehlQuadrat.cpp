@@ -116,8 +116,8 @@ void bytes(const QuadratFrage& f) {
     const BytesAlsText t = ZahlText(n);
     JsonObjekt j;
     j.Text("number", T(n)).Text("bytes", BytesHex(n));
-    if (t.utf8) j.Text("text", t.text);
-    ausgeben(f, j, "number: " + T(n) + "\nbytes: " + BytesHex(n) + "\n" + (t.utf8 ? "text: " + t.text + "\n" : "text: (no UTF-8)\n"));
+    if (t.lesbar) j.Text("text", t.text);
+    ausgeben(f, j, "number: " + T(n) + "\nbytes: " + BytesHex(n) + "\n" + (t.lesbar ? "text: " + t.text + "\n" : "text: (no readable UTF-8)\n"));
 }
 
 void wort(const QuadratFrage& f) {

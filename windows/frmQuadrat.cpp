@@ -262,9 +262,9 @@ QString frmQuadrat::bytesBericht(const Hyp& n) {
     const BytesAlsText t = ZahlText(n);
     txtBytesZahl_->setText(z(n));
     txtBytesHex_->setText(q(BytesHex(n)));
-    if (t.utf8) txtBytesText_->setText(q(t.text));
+    if (t.lesbar) txtBytesText_->setText(q(t.text));
     return QStringList{ersetzt(SektionsText("ergZahl"), z(n)), ersetzt(SektionsText("ergBytes"), q(BytesHex(n))),
-                       t.utf8 ? ersetzt(SektionsText("ergText"), q(t.text)) : SektionsText("ergKeinText")}
+                       t.lesbar ? ersetzt(SektionsText("ergText"), q(t.text)) : SektionsText("ergKeinText")}
         .join('\n');
 }
 

@@ -11,6 +11,7 @@
 #include "zahlkern/Hyp.h"
 
 class QComboBox;
+class QGridLayout;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
@@ -46,7 +47,7 @@ protected:
 
 private:
     QWidget* seite(int nummer, const char* name);
-    QLineEdit* feld(QWidget* eltern, const char* name, const char* beschriftung, class QGridLayout* raster, int zeile);
+    QLineEdit* feld(QWidget* eltern, const char* name, const char* beschriftung, QGridLayout* raster, int zeile);
     void zeigen(int seite, const QString& text);
     // The bytes page: the number, its hex bytes and (when valid UTF-8) its text, into the fields
     // and as the result's lines.

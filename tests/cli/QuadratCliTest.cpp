@@ -45,7 +45,7 @@ TEST_F(QuadratCli, InversesAndPrimitiveRoots) {
 }
 
 TEST_F(QuadratCli, BytesWordsAndFft) {
-    EXPECT_EQ(Aus("quadrat bytes '2^64+1'"), "number: 18446744073709551617\nbytes: 01 00 00 00 00 00 00 00 01\ntext: (no UTF-8)\n");
+    EXPECT_EQ(Aus("quadrat bytes '2^64+1'"), "number: 18446744073709551617\nbytes: 01 00 00 00 00 00 00 00 01\ntext: (no readable UTF-8)\n");
     EXPECT_EQ(Aus("quadrat bytes --text 'Zahl ü'"), Aus("quadrat bytes --hex '5A 61 68 6C 20 C3 BC'"));
     EXPECT_EQ(Aus("quadrat bytes --hex 4142 --json"), "{\"number\":\"16961\",\"bytes\":\"41 42\",\"text\":\"AB\"}\n");
     Abgelehnt("quadrat bytes --hex '01 0G'", "Hexziffer");

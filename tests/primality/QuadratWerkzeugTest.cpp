@@ -149,9 +149,10 @@ TEST_F(Quadrat, ByteStringsBothWays) {
     EXPECT_EQ(T(TextZahl("AB")), std::to_string(0x41 + 0x42 * 256));
     EXPECT_EQ(T(TextZahl("")), "0");
     const BytesAlsText t = ZahlText(TextZahl("Primzahl ✓ ü"));
-    EXPECT_TRUE(t.utf8);
+    EXPECT_TRUE(t.lesbar);
     EXPECT_EQ(t.text, "Primzahl ✓ ü");
-    EXPECT_FALSE(ZahlText(HexBytesZahl("C3 28")).utf8);     // a lead byte without its follower
+    EXPECT_FALSE(ZahlText(HexBytesZahl("C3 28")).lesbar);   // a lead byte without its follower
+    EXPECT_FALSE(ZahlText(Z("2^64+1")).lesbar);            // UTF-8, but control characters
     EXPECT_FALSE(IstUtf8("\xC0\xAF"));                       // overlong "/"
     EXPECT_FALSE(IstUtf8("\xED\xA0\x80"));                   // a surrogate
     EXPECT_FALSE(IstUtf8("\xE2\x9C"));                       // cut short

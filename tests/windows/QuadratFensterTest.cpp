@@ -36,7 +36,7 @@ TEST_F(QuadratFenster, PagesAnswerAndRefuse) {
     feld("txtZahl", "Formel: 3");
     feld("txtModul", "2^127-1");
     klick("btnJacobi");
-    EXPECT_TRUE(f->Ergebnis(frmQuadrat::SeiteQuadrat).endsWith("= -1")) << f->Ergebnis(0).toStdString();
+    EXPECT_TRUE(f->Ergebnis(frmQuadrat::SeiteQuadrat).endsWith(": -1")) << f->Ergebnis(0).toStdString();
 
     feld("txtInvA", "12");
     feld("txtInvM", "18");
