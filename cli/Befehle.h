@@ -56,6 +56,9 @@ void HashBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // goldbach: the splits of an even number into two primes, their count, and the count over a range.
 void GoldbachBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// quadrat: roots, roots mod p, inverses, primitive roots, byte strings, word arithmetic, FFT product.
+void QuadratBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;
 void SekundaerBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);

@@ -35,6 +35,7 @@
 #include "windows/frm2P_1.h"
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
+#include "windows/frmQuadrat.h"
 #include "windows/frmSpeicherAuslastung.h"
 #include "windows/frmStatistikMersenne.h"
 #include "windows/frmSucheZwillinge.h"
@@ -111,6 +112,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
         {"frmPrimzahlTest", modeless<frmPrimzahlTest>()},
+        {"frmQuadrat", modeless<frmQuadrat>()},
         {"frmSpeicherAuslastung", modeless<frmSpeicherAuslastung>()},
         {"frmStatistikMersenne", modeless<frmStatistikMersenne>()},
         {"frmSucheZwillinge", modeless<frmSucheZwillinge>()},

@@ -189,7 +189,7 @@ TEST_F(CockpitTest, ResearchButtonsOpenANewWindowPerClick) {
     EXPECT_TRUE(ui.meldungen.empty()) << Meldungen();
 
     // A window that is not built yet says so.
-    Suche<QPushButton>("btnUntersuchung", 36)->click();
+    Suche<QPushButton>("btnUntersuchung", 10)->click();
     ASSERT_EQ(ui.meldungen.size(), 1u);
     EXPECT_EQ(ui.meldungen[0].titel, "SW - Nicht verfügbar");
 
