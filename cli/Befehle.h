@@ -53,6 +53,8 @@ void TertiaerBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // ulam: the Ulam spiral of a picture of cells; hash: the primes over the buckets of a bit fold.
 void UlamBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void HashBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// palindrome-tree: the numbers that stay prime while digits grow them right, left or at both ends.
+void PalindromBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;
