@@ -35,8 +35,8 @@ PalindromBaum Baum(Anordnung a, int32_t grenze = 0) {
 }
 
 // Per length, the numbers below 10^7 without a zero digit that stay prime however far they
-// are shortened from the end the arrangement grows at: a sieve and the digits, nothing of
-// the trees' way of growing.
+// are shortened at the end (or both ends, which must then carry the same digit) the
+// arrangement grows at: a sieve and the digits, nothing of the trees' way of growing.
 std::vector<uint64_t> PerSiebGezaehlt(Anordnung a) {
     constexpr uint32_t n = 10'000'000;
     std::vector<bool> prim(n, true);
@@ -45,18 +45,25 @@ std::vector<uint64_t> PerSiebGezaehlt(Anordnung a) {
         if (prim[p])
             for (uint32_t v = p * p; v < n; v += p) prim[v] = false;
     std::vector<uint64_t> jeLaenge(8, 0);
-    for (uint32_t v = 1; v < n; ++v) {
-        std::string s = std::to_string(v);
-        if (s.find('0') != std::string::npos || (a == Anordnung::Beide && s.size() % 2 == 0)) continue;
-        const size_t laenge = s.size();
-        bool ok = true;
-        while (ok && !s.empty()) {
-            ok = prim[std::stoul(s)];
-            if (a == Anordnung::Rechts) s.pop_back();
-            else if (a == Anordnung::Links) s.erase(0, 1);
-            else s = s.size() == 1 ? "" : s.substr(1, s.size() - 2);
+    for (uint32_t v = 2; v < n; ++v) {
+        if (!prim[v]) continue;
+        int ziffern[8], k = 0;  // lowest first
+        for (uint32_t r = v; r > 0; r /= 10) ziffern[k++] = int(r % 10);
+        bool ok = a != Anordnung::Beide || k % 2 == 1;  // both ends grow from one digit
+        for (int i = 0; i < k; ++i) ok = ok && ziffern[i] != 0;
+        int unten = 0, oben = k - 1;  // the digits still standing
+        while (ok && unten <= oben) {
+            uint32_t wert = 0;
+            for (int i = oben; i >= unten; --i) wert = 10 * wert + uint32_t(ziffern[i]);
+            ok = prim[wert];
+            if (a == Anordnung::Rechts) ++unten;
+            else if (a == Anordnung::Links) --oben;
+            else {
+                ok = ok && ziffern[unten] == ziffern[oben];
+                ++unten, --oben;
+            }
         }
-        if (ok) ++jeLaenge[laenge];
+        if (ok) ++jeLaenge[size_t(k)];
     }
     return jeLaenge;
 }
@@ -134,7 +141,7 @@ TEST_F(Palindrom_, BeideEndenUeberDemRaster) {
     // One digit shorter the raster still answers.
     u = ZiffernPruefen("2333", Anordnung::Rechts, false);
     EXPECT_EQ(u.art, PalindromPruefArt::Primaer);
-    EXPECT_EQ(Frei(u), "9");  // 23339
+    EXPECT_EQ(Frei(u), "39");  // 23333, 23339
 }
 
 // Where the raster answers, every number of the right and left trees up to four digits gets the
