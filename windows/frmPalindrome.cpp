@@ -50,7 +50,7 @@ frmPalindrome::frmPalindrome(QWidget* eltern) : Fenster("frmPalindrome", eltern)
     auto* tasten = new QGridLayout;
     for (int d = 1; d <= 9; ++d) {
         btnZahl_[d] = Benannt(new QPushButton(QString::number(d), mitte), "btnZahl", d);
-        btnZahl_[d]->setFixedSize(44, 36);
+        btnZahl_[d]->setMinimumHeight(36);
         tasten->addWidget(btnZahl_[d], 2 - (d - 1) / 3, (d - 1) % 3);
         connect(btnZahl_[d], &QPushButton::clicked, this, Sicher([this, d] { ZifferKlick(d); }));
     }

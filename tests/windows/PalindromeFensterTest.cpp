@@ -31,6 +31,8 @@ TEST_F(PalindromeFenster, SpielUndBaum) {
     ASSERT_TRUE(FensterOeffnen(UntersuchungVon(33).fenster, -1, nullptr));
     auto* f = Offen<frmPalindrome>();
     ASSERT_NE(f, nullptr);
+    f->show();
+    TexteUngekuerzt(f);
     auto* liste = Steuer<QListWidget>(f, "List1");
     EXPECT_EQ(frei(f), "2357");
 
