@@ -58,6 +58,8 @@ void GoldbachBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // quadrat: roots, roots mod p, inverses, primitive roots, byte strings, word arithmetic, FFT product.
 void QuadratBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// palindrome-tree: the numbers that stay prime while digits grow them right, left or at both ends.
+void PalindromBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
 // twins; and the road of count and primes beyond the primary raster (the secondary sieve).
 struct RasterWahl;

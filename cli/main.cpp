@@ -48,6 +48,7 @@ int main(int argc, char** argv) {
     RestklassenBefehlAnmelden(app, auftrag);
     LueckenAbBefehlAnmelden(app, auftrag);
     QuadratBefehlAnmelden(app, auftrag);
+    PalindromBefehlAnmelden(app, auftrag);
 
     // With --json a refusal is a JSON object on stdout as well, so that a script reading
     // stdout sees why there is no answer; the line on stderr stays for the person watching.

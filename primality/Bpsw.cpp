@@ -134,13 +134,18 @@ bool StarkerLucasTest(mpz_srcptr n) {
     return false;
 }
 
-bool BpswTest(mpz_srcptr n) {
-    if (mpz_cmp_ui(n, 2) < 0) return false;
+int KleinePrimzahlenEntscheiden(mpz_srcptr n) {
+    if (mpz_cmp_ui(n, 2) < 0) return 0;
     for (unsigned p : kKleinePrimzahlen) {
-        if (mpz_cmp_ui(n, p) == 0) return true;
-        if (mpz_divisible_ui_p(n, p)) return false;
+        if (mpz_cmp_ui(n, p) == 0) return 1;
+        if (mpz_divisible_ui_p(n, p)) return 0;
     }
-    if (mpz_cmp_ui(n, 97 * 97) < 0) return true;  // no factor up to its root
+    return mpz_cmp_ui(n, 97 * 97) < 0 ? 1 : -1;  // below 97^2: no factor up to its root
+}
+
+bool BpswTest(mpz_srcptr n) {
+    const int klein = KleinePrimzahlenEntscheiden(n);
+    if (klein >= 0) return klein == 1;
     return StarkerPseudoprimTest(n, 2) && StarkerLucasTest(n);
 }
 

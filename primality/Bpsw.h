@@ -17,6 +17,11 @@ bool StarkerPseudoprimTest(mpz_srcptr n, unsigned long a);
 // The strong Lucas test with Selfridge's parameters for odd n > 2 that is no square.
 bool StarkerLucasTest(mpz_srcptr n);
 
+// The division by the primes below 100 that opens the whole test: 1 for a prime (one of them,
+// or a number below 97^2 without such a factor), 0 for 0, 1 and every multiple, -1 when only
+// the rounds can tell. Callers with a test of their own put it first, as BpswTest does.
+int KleinePrimzahlenEntscheiden(mpz_srcptr n);
+
 // The whole test: small primes by division, then both rounds. 0 and 1 are not prime.
 bool BpswTest(mpz_srcptr n);
 bool BpswTest(const Hyp& n);

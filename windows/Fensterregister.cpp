@@ -32,6 +32,7 @@
 #include "windows/frmMersenneTeiler.h"
 #include "windows/frmMersSystem.h"
 #include "windows/frmMersTeilerSpez.h"
+#include "windows/frmPalindrome.h"
 #include "windows/frm2P_1.h"
 #include "windows/frmPrimTestKpl.h"
 #include "windows/frmPrimzahlTest.h"
@@ -108,6 +109,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmMersenneTeiler", modeless<frmMersenneTeiler>()},
         {"frmMersSystem", modeless<frmMersSystem>()},
         {"frmMersTeilerSpez", modeless<frmMersTeilerSpez>()},
+        {"frmPalindrome", modeless<frmPalindrome>()},
         {"frm2P_1", modeless<frm2P_1>()},
         {"frmPrimModify", modal<frmPrimModify>()},
         {"frmPrimTestKpl", modeless<frmPrimTestKpl>()},
