@@ -188,6 +188,35 @@ void PgVerbindung::Skript(const std::string& sql) {
     if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) Fehler(PQerrorMessage(c_));
 }
 
+void PgVerbindung::Kopieren(const std::string& copySql, const std::string& daten) {
+    PGresult* r = PQexec(c_, copySql.c_str());
+    const bool bereit = PQresultStatus(r) == PGRES_COPY_IN;
+    PQclear(r);
+    if (!bereit) Fehler(PQerrorMessage(c_));
+    if (PQputCopyData(c_, daten.data(), int(daten.size())) != 1 || PQputCopyEnd(c_, nullptr) != 1) Fehler(PQerrorMessage(c_));
+    std::string fehler;
+    while ((r = PQgetResult(c_)) != nullptr) {
+        if (PQresultStatus(r) != PGRES_COMMAND_OK && fehler.empty()) fehler = PQresultErrorMessage(r);
+        PQclear(r);
+    }
+    if (!fehler.empty()) Fehler(fehler);
+}
+
+void PgCopyFeld(std::string& zeile, const std::optional<std::string>& wert, bool letztes) {
+    if (!wert) zeile += "\\N";
+    if (wert)
+    for (char c : *wert) {
+        switch (c) {
+            case '\\': zeile += "\\\\"; break;
+            case '\t': zeile += "\\t"; break;
+            case '\n': zeile += "\\n"; break;
+            case '\r': zeile += "\\r"; break;
+            default: zeile += c;
+        }
+    }
+    zeile += letztes ? '\n' : '\t';
+}
+
 bool PgVerbindung::Verbunden() const { return !verloren_ && PQstatus(c_) == CONNECTION_OK; }
 
 void PgVerbindung::Wiederverbinden() {

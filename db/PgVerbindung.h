@@ -79,6 +79,9 @@ public:
     PgErgebnis Ausfuehren(const std::string& sql, const PgParameterListe& parameter = {});
     // Several statements without parameters in one round trip (schema scripts).
     void Skript(const std::string& sql);
+    // COPY ... FROM STDIN with `daten` in COPY's text format (PgCopyFeld): many rows in one
+    // stream, several times faster than the same rows as statement parameters.
+    void Kopieren(const std::string& copySql, const std::string& daten);
 
     // False once the server has gone away; Wiederverbinden() tries to connect again.
     bool Verbunden() const;
@@ -94,6 +97,10 @@ private:
     std::string url_;
     std::string adresse_;
 };
+
+// Appends one field in COPY's text format (backslash, tab and line breaks escaped, nullopt as
+// \N), followed by a tab, or by the line's end after its last field.
+void PgCopyFeld(std::string& zeile, const std::optional<std::string>& wert, bool letztes = false);
 
 // BEGIN on construction; Festschreiben() commits; leaving the scope without it rolls back.
 class PgTransaktion {
