@@ -1,9 +1,13 @@
-// sw-cli db import FILE | show P | stats LO HI | merge DIR   [--db DIR] [--json]
+// sw-cli db import FILE | import --from URL|DIR | export --to URL|DIR | show P | stats LO HI |
+//        merge DIR   [--db URL|DIR] [--json]
 // (the analyses status, kclasses, gaps, bits, residues are in BefehlDbAnalyse.cpp)
 // The Mersenne database from the terminal: import a divisor list or a saved factor page, show
 // what is known about one exponent, count a range, merge another database folder into ours.
-// --db chooses the database folder (default: the working folder, where the block files lie).
+// export and import --from copy every row between the SQLite files and a PostgreSQL server.
+// --db chooses the database folder (default: the working folder, where the block files lie)
+// or, as a postgresql:// URL, the server.
 #include <cstdio>
+#include <filesystem>
 #include <filesystem>
 #include <memory>
 
@@ -12,7 +16,9 @@
 #include "CliUmgebung.h"
 #include "frame/Pfade.h"
 #include "mersenne/DbAbgleich.h"
+#include "db/PgVerbindung.h"
 #include "mersenne/DbImport.h"
+#include "mersenne/MersenneSpeicher.h"
 #include "mersenne/basDB.h"
 #include "sieve/RasterTabellen.h"
 
@@ -24,6 +30,7 @@ struct DbFrage {
     std::string ordner;
     bool json = false;
     std::string datei, p, lo, hi;
+    std::string von, nach;   // import --from, export --to
 };
 
 int32_t exponentLesen(const std::string& text, const std::string& was) {
@@ -33,14 +40,50 @@ int32_t exponentLesen(const std::string& text, const std::string& was) {
 }
 
 // Chooses the folder; the reading commands never create a file in it.
-void ordnerWaehlen(const DbFrage& f) {
-    if (f.ordner.empty()) return;
-    if (!std::filesystem::is_directory(f.ordner)) throw CliFehler("db: no folder " + f.ordner);
-    DbOrdnerSetzen(MitSchraegstrich(f.ordner));
+void ordnerWaehlen(const DbFrage& f) { DbOrtWaehlen(f.ordner, "db", false); }
+
+// The other side of a copy: a server, or a folder (created for an export).
+std::unique_ptr<MersenneSpeicher> andererSpeicher(const std::string& ort, bool anlegen) {
+    if (!IstPgUrl(ort)) {
+        std::error_code fehler;
+        if (anlegen) std::filesystem::create_directories(ort, fehler);
+        if (fehler || !std::filesystem::is_directory(ort)) throw CliFehler("db: no folder " + ort);
+    }
+    std::unique_ptr<MersenneSpeicher> s = SpeicherFuer(IstPgUrl(ort) ? ort : MitSchraegstrich(ort));
+    std::error_code fehler;
+    // Copying a store onto itself would rewrite every row while reading it.
+    if (s->Ort() == DbOrdner() || (!IstPgUrl(ort) && !DbAufServer() && std::filesystem::equivalent(s->Ort(), DbOrdner(), fehler)))
+        throw CliFehler("db: " + s->Ort() + " is the database itself");
+    return s;
+}
+
+void kopieren(const DbFrage& f, MersenneSpeicher& von, MersenneSpeicher& nach) {
+    DbSchliessen();
+    const int64_t n = DbKopieren(von, nach);
+    if (f.json) {
+        JsonObjekt j;
+        j.Zahl("rows", std::to_string(n)).Text("from", von.Ort()).Text("to", nach.Ort());
+        std::printf("%s\n", j.Ende().c_str());
+        return;
+    }
+    std::printf("%lld rows copied from %s to %s\n", (long long)n, von.Ort().c_str(), nach.Ort().c_str());
+}
+
+void ausfuehrenExport(const DbFrage& f) {
+    ordnerWaehlen(f);
+    const std::unique_ptr<MersenneSpeicher> ziel = andererSpeicher(f.nach, true);
+    kopieren(f, DbSpeicher(), *ziel);
 }
 
 void importieren(const DbFrage& f) {
     ordnerWaehlen(f);
+    if (!f.von.empty()) {
+        if (!f.datei.empty()) throw CliFehler("db import: give either FILE or --from, not both");
+        const std::unique_ptr<MersenneSpeicher> quelle = andererSpeicher(f.von, false);
+        kopieren(f, *quelle, DbSpeicher());
+        return;
+    }
+    if (f.datei.empty()) throw CliFehler("db import: give FILE or --from URL|DIR");
     const ImportBericht b = DateiImportieren(f.datei);
     DbSchliessen();
     if (f.json) {
@@ -59,7 +102,7 @@ void zeigen(const DbFrage& f) {
     const int32_t p = exponentLesen(f.p, "P");
     const std::string datei = DbDateiPfad(DbSegment(p));
     PrimZeile z;
-    if (std::filesystem::exists(datei)) {
+    if (DbSegmentVorhanden(DbSegment(p))) {
         z = PrimZeileLesen(p);
         DbSchliessen();
     }
@@ -90,7 +133,7 @@ void zaehlen(const DbFrage& f) {
     if (lo > hi) throw CliFehler("db: LO must not exceed HI");
     int64_t zeilen = 0, erledigt = 0, geteilt = 0;
     for (int32_t s = DbSegment(lo); s <= DbSegment(hi); ++s) {
-        if (!std::filesystem::exists(DbDateiPfad(s))) continue;
+        if (!DbSegmentVorhanden(s)) continue;
         DbOeffnenPflicht(s);
         ZaehleBereich(lo, hi);
         zeilen += DbAnzahlGesamt;
@@ -132,14 +175,19 @@ void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag) {
     CLI::App* db = app.add_subcommand("db", "the Mersenne database: import, show, stats, merge, analyses");
     db->require_subcommand(1);
     db->fallthrough();
-    db->add_option("--db", f->ordner, "the database folder (default: the working folder)");
+    db->add_option("--db", f->ordner, "the database folder (default: the working folder) or a postgresql:// URL");
     db->add_flag("--json", f->json, "print one JSON object");
     const auto befehl = [&auftrag, f](CLI::App* sub, void (*was)(const DbFrage&)) {
         sub->callback([f, &auftrag, was]() { auftrag = [f, was]() { was(*f); }; });
     };
-    CLI::App* imp = db->add_subcommand("import", "import a list of 'exponent,factor' lines or a saved factor page");
-    imp->add_option("FILE", f->datei, "the file")->required();
+    CLI::App* imp = db->add_subcommand(
+        "import", "import a list of 'exponent,factor' lines or a saved factor page, or every row of another database");
+    imp->add_option("FILE", f->datei, "the file");
+    imp->add_option("--from", f->von, "copy every row of this database (postgresql:// URL or folder) into ours");
     befehl(imp, importieren);
+    CLI::App* exp = db->add_subcommand("export", "copy every row of our database to another one");
+    exp->add_option("--to", f->nach, "the other database (postgresql:// URL or folder)")->required();
+    befehl(exp, ausfuehrenExport);
     CLI::App* show = db->add_subcommand("show", "what is known about 2^P-1");
     show->add_option("P", f->p, "the exponent")->required();
     befehl(show, zeigen);

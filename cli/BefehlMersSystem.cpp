@@ -4,7 +4,6 @@
 // held against the database of DIR and the unknown ones marked "new"; --yes enters them.
 // --json prints only the totals. Ctrl-C stops at the next yield; what was entered stays.
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 
 #include "Befehle.h"
@@ -55,12 +54,7 @@ void mersenneSystem(const SystemFrage& f) {
     a.parameter = f.parameter;
     a.datenbank = !f.ordner.empty();
     a.eintrag = f.ja ? SystemEintrag::Immer : SystemEintrag::Nie;
-    if (a.datenbank) {
-        std::error_code fehler;
-        std::filesystem::create_directories(f.ordner, fehler);
-        if (fehler) throw CliFehler("mersenne-system: cannot create the folder " + f.ordner + ": " + fehler.message());
-        DbOrdnerSetzen(f.ordner);
-    }
+    if (a.datenbank) DbOrtWaehlen(f.ordner, "mersenne-system", true);
     SystemAusgabe ausgabe(f.json);
     SystemBefund befund;
     try {

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 
 #include "Befehle.h"
@@ -70,12 +69,7 @@ void divisors(const TeilerFrage& f) {
     if (k < Decimal(1) || k > Decimal(TeilerKZielMax))
         throw CliFehler("divisors: --k must lie between 1 and " + std::to_string(TeilerKZielMax));
     a.KZiel = uint64_t(k.AlsInt64());
-    if (!f.ordner.empty()) {
-        std::error_code fehler;
-        std::filesystem::create_directories(f.ordner, fehler);
-        if (fehler) throw CliFehler("divisors: cannot create the folder " + f.ordner + ": " + fehler.message());
-        DbOrdnerSetzen(f.ordner);
-    }
+    DbOrtWaehlen(f.ordner, "divisors", true);
     TeilerAusgabe ausgabe(a.von, a.bis, f.json);
     TeilerLaufBefund b;
     try {

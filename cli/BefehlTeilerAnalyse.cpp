@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 
 #include "Befehle.h"
@@ -119,10 +118,7 @@ void teileranalyse(const AnalyseFrage& f) {
     if (a.breite == TeilerBreite::Long && rasterBis > PrimaerGrenze)
         throw CliFehler("teileranalyse: the raster ends at " + PrimaerGrenze.Text() + ", below TO; the word width needs it up to TO");
     if (!f.ordner.empty()) {
-        std::error_code fehler;
-        std::filesystem::create_directories(f.ordner, fehler);
-        if (fehler) throw CliFehler("teileranalyse: cannot create the folder " + f.ordner + ": " + fehler.message());
-        DbOrdnerSetzen(f.ordner);
+        DbOrtWaehlen(f.ordner, "teileranalyse", true);
         a.db = true;
     }
     const Decimal vonD = mpz_sizeinbase(von, 2) > 96 ? Decimal(0) : Decimal::ausText(a.start);

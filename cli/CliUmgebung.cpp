@@ -4,8 +4,12 @@
 
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
+#include "db/PgVerbindung.h"
+#include "frame/Pfade.h"
 #include "frame/basZentral.h"
+#include "mersenne/basDB.h"
 #include "sieve/PrimaerLauf.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/Blockdateien.h"
@@ -87,6 +91,22 @@ void RasterBereitstellen(const RasterWahl& wahl, const Decimal& standardGrenze) 
     }
     const Decimal grenze = wahl.limit.empty() ? standardGrenze : ZahlLesen(wahl.limit, "--limit");
     if (!PrimaerLauf(grenze, MethodeProdukt)) abgelehnt("the raster cannot be built");
+}
+
+void DbOrtWaehlen(const std::string& ort, const std::string& befehl, bool anlegen) {
+    if (ort.empty()) return;
+    if (IstPgUrl(ort)) {
+        DbOrdnerSetzen(ort);
+        return;
+    }
+    if (anlegen) {
+        std::error_code fehler;
+        std::filesystem::create_directories(ort, fehler);
+        if (fehler) throw CliFehler(befehl + ": cannot create the folder " + ort + ": " + fehler.message());
+    } else if (!std::filesystem::is_directory(ort)) {
+        throw CliFehler(befehl + ": no folder " + ort);
+    }
+    DbOrdnerSetzen(MitSchraegstrich(ort));
 }
 
 void ImRasterPruefen(const Decimal& n, const std::string& frage) {

@@ -63,6 +63,11 @@ bool RasterGewaehlt(const RasterWahl& wahl);
 // Throws the "cannot answer" message for n unless n <= PrimaerGrenze.
 void ImRasterPruefen(const Decimal& n, const std::string& frage);
 
+// --db of the Mersenne commands: a postgresql:// or postgres:// URL chooses that server, anything
+// else a folder of segment files, created when `anlegen` (the writing commands) and else
+// required to exist. "" keeps the default folder.
+void DbOrtWaehlen(const std::string& ort, const std::string& befehl, bool anlegen);
+
 // One JSON object, written field by field.
 class JsonObjekt {
 public:

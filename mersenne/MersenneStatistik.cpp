@@ -3,13 +3,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 
 #include "frame/Laufzeitfehler.h"
 #include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
-#include "mersenne/DbAnweisung.h"
+#include "mersenne/MersenneSpeicher.h"
 #include "mersenne/basDB.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/basSiebwerk.h"
@@ -24,7 +23,7 @@ constexpr int kEingabeFehler = 5;
 struct Zeile {
     int32_t p = 0;
     int32_t mersenne = 0;
-    std::string teiler;   // "" when null
+    std::string teiler;   // "0" when null
     std::string faktorS;  // "" when null
 };
 
@@ -44,37 +43,22 @@ int64_t primAnzahl(int64_t von, int64_t bis) {
     return PrimAnzahl(Decimal(von), Decimal(bis)).Wert();
 }
 
-// Calls f(Zeile) for every row von <= p <= bis that meets `bedingung` (an SQL tail built from
-// constants), in ascending order, segment file by segment file. Segments without a file hold
-// no rows; a range without any file is refused, since its counts would all read 0. Questions
-// that need only the exponent and its status leave the two texts out (mitTexten false): at a
-// million rows, copying them is most of the time.
+// Calls f(Zeile) for every row von <= p <= bis with the given status, in ascending order,
+// through the store's read-only walk. A range without any segment file is refused, since its
+// counts would all read 0. Questions that need only the exponent and its status leave the
+// two texts out (mitTexten false): at a million rows, copying them is most of the time.
 template <typename F>
-void zeilenLesen(int64_t von, int64_t bis, const char* bedingung, bool mitTexten, F&& f) {
-    bool gefunden = false;
-    von = std::max<int64_t>(von, 0);
-    bis = std::min<int64_t>(bis, GrenzeLong);
-    for (int32_t s = DbSegment(von); von <= bis && s <= DbSegment(bis); ++s) {
-        const std::string pfad = DbDateiPfad(s);
-        if (!std::filesystem::exists(pfad)) continue;
-        gefunden = true;
-        const DbLeseVerbindung db = DbLesendOeffnen(pfad);
-        const std::string sql = std::string("SELECT Primzahl, Mersenne") + (mitTexten ? ", Teiler, FaktorS" : "") +
-                                " FROM t_Prim WHERE Primzahl >= ?1 AND Primzahl <= ?2" + bedingung + " ORDER BY Primzahl";
-        DbAnweisung a(db.get(), pfad, sql.c_str());
-        a.Binden(1, von);
-        a.Binden(2, bis);
-        Zeile z;
-        while (a.Schritt()) {
-            z.p = int32_t(a.Zahl(0));
-            z.mersenne = int32_t(a.Zahl(1));
-            if (mitTexten) {
-                z.teiler = a.Textwert(2);
-                z.faktorS = a.Textwert(3);
-            }
-            f(z);
+void zeilenLesen(int64_t von, int64_t bis, DbStatusWahl status, bool mitTexten, F&& f) {
+    Zeile z;
+    const bool gefunden = DbSpeicher().Durchlaufen(von, bis, status, mitTexten, [&](int32_t p, const PrimZeile& r) {
+        z.p = p;
+        z.mersenne = r.mersenne;
+        if (mitTexten) {
+            z.teiler = r.teiler;
+            z.faktorS = r.faktorS;
         }
-    }
+        f(z);
+    });
     if (!gefunden) throw Laufzeitfehler(DbFehlerNummer, TextP1(1870, DbDateiPfad(DbSegment(std::max<int64_t>(von, 0)))));
 }
 
@@ -133,14 +117,14 @@ std::vector<StatusStrecke> StatusStrecken(int64_t von, int64_t bis, int64_t skal
         strecken.push_back(s);
     }
     // One pass over the settled rows; the stretch of a row is a division, not a search.
-    zeilenLesen(von, bis - 1, " AND Mersenne <> 0", false, [&](const Zeile& z) { ++strecken[size_t((z.p - von) / skala)].erledigt; });
+    zeilenLesen(von, bis - 1, DbStatusWahl::NichtNull, false, [&](const Zeile& z) { ++strecken[size_t((z.p - von) / skala)].erledigt; });
     return strecken;
 }
 
 KlassenUebersicht StatusKlassen(int64_t von, int64_t bis) {
     bereichPruefen(von, bis);
     KlassenUebersicht u;
-    zeilenLesen(von, bis, " AND Mersenne = 2", true, [&](const Zeile& z) {
+    zeilenLesen(von, bis, DbStatusWahl::Geteilt, true, [&](const Zeile& z) {
         const std::string_view q = ersterTeiler(z.teiler);
         if (q.empty() || q == "0") return;
         ++u.zeilen;
@@ -171,7 +155,7 @@ std::vector<KSchritt> KStatistik(int64_t von, int64_t bis, int64_t schritt, int6
         schritte.push_back(s);
         if (bis - a < schritt) break;  // the next step would overflow past bis
     }
-    zeilenLesen(von, bis, " AND Mersenne = 2", true, [&](const Zeile& z) {
+    zeilenLesen(von, bis, DbStatusWahl::Geteilt, true, [&](const Zeile& z) {
         const std::string k = kVon(z);
         if (k.empty() || (kMax != 0 && !hoechstens(k, kMax))) return;
         KSchritt& s = schritte[size_t((z.p - von) / schritt)];
@@ -185,7 +169,7 @@ std::vector<AbstandZeile> Abstaende(int64_t von, int64_t bis, int64_t abstandBis
     bereichPruefen(von, bis);
     if (abstandBis < 1) throw Laufzeitfehler(kEingabeFehler, Text(1874));
     std::vector<int32_t> exponenten;
-    zeilenLesen(von, bis, " AND Mersenne = 2", false, [&](const Zeile& z) { exponenten.push_back(z.p); });
+    zeilenLesen(von, bis, DbStatusWahl::Geteilt, false, [&](const Zeile& z) { exponenten.push_back(z.p); });
     // Differences are even above 2; the table is indexed by d / 2 and grows with what occurs.
     std::vector<int64_t> anzahl;
     int64_t gesamt = 0;
@@ -234,7 +218,7 @@ RestTabelle RestAnalyse(int64_t von, int64_t bis, AnalyseWert wert, int32_t modu
     t.modulus = modulus;
     t.pModulus = pModulus;
     t.anzahl.assign(size_t(modulus) * size_t(pModulus), 0);
-    zeilenLesen(von, bis, " AND Mersenne = 2", true, [&](const Zeile& z) {
+    zeilenLesen(von, bis, DbStatusWahl::Geteilt, true, [&](const Zeile& z) {
         if (!einTeiler(z)) {
             ++t.uebersprungen;
             return;
@@ -263,7 +247,7 @@ std::vector<PrimKlasse> PrimKlassen(int64_t von, int64_t bis, const std::vector<
         for (size_t i = 0; i < moduln.size(); ++i) ++klasse(i, int64_t(p)).primzahlen;
         return true;
     });
-    zeilenLesen(von, bis, " AND Mersenne <> 0", false, [&](const Zeile& z) {
+    zeilenLesen(von, bis, DbStatusWahl::NichtNull, false, [&](const Zeile& z) {
         for (size_t i = 0; i < moduln.size(); ++i) {
             PrimKlasse& k = klasse(i, z.p);
             if (z.mersenne == 2) ++k.geteilt;

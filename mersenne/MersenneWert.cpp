@@ -2,7 +2,6 @@
 
 #include <gmp.h>
 
-#include <filesystem>
 
 #include "frame/Laufzeitfehler.h"
 #include "frame/Texte.h"
@@ -69,7 +68,7 @@ std::string MersenneWissen(uint32_t p) {
     const std::string exponent = std::to_string(p);
     const bool bekanntePrimzahl = p <= 0x7FFFFFFF && aIsInMers(int32_t(p)) != 0;
     // Reading must not leave an empty database file behind in a folder that has none.
-    if (p > 0x7FFFFFFF || !std::filesystem::exists(DbDateiPfad(DbSegment(p)))) {
+    if (p > 0x7FFFFFFF || !DbSegmentVorhanden(DbSegment(p))) {
         return TextP1(bekanntePrimzahl ? 1440 : 1441, exponent);
     }
     int32_t status = 0, teilerPot = 0;

@@ -1,13 +1,11 @@
 // basDB: the connection, the rows and the counts of the Mersenne database (see basDB.h).
 #include "mersenne/basDB.h"
 
-#include <sqlite3.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <exception>
-#include <filesystem>
 #include <random>
 
 #include "arith/HypText.h"
@@ -15,7 +13,9 @@
 #include "frame/Laufzeitfehler.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
-#include "mersenne/DbAnweisung.h"
+#include "db/PgVerbindung.h"
+#include "mersenne/MersenneSpeicher.h"
+#include "mersenne/SqliteSpeicher.h"
 #include "sieve/RasterTabellen.h"
 #include "sieve/basSiebwerk.h"
 
@@ -29,116 +29,28 @@ int32_t DbAnzahlMitStatus = 0;
 namespace {
 
 std::string ordner_;                // "" = ProgrammPfad
-sqlite3* db_ = nullptr;
-std::string pfad_;                  // file of db_
+std::unique_ptr<MersenneSpeicher> speicher_ = SpeicherFuer("");
 std::string fehlerText_;
 int32_t wartezeit_ = 3000;          // a GUI may wait a few seconds for a writer, not longer
-DbAnweisung lesen_, schreiben_;
 
 int sammelTiefe_ = 0;               // active DbTransaktion objects
-bool transaktionOffen_ = false;     // BEGIN issued on db_
+bool transaktionOffen_ = false;     // a transaction was begun on the open segment
 auto letzterCommit_ = std::chrono::steady_clock::now();
-
-// The schema a new file gets; Primzahl is the row id, so a seek is one B-tree descent.
-const char* const kSchema =
-    "CREATE TABLE t_Prim (Primzahl INTEGER PRIMARY KEY, Mersenne INTEGER NOT NULL DEFAULT 0, "
-    "Teiler TEXT, TeilerPot INTEGER, FaktorS TEXT, TimeStamp TEXT);"
-    "CREATE TABLE t_LastFaktor (LastFaktor INTEGER);";
-
-void ausfuehren(const char* sql) {
-    char* meldung = nullptr;
-    const int rc = sqlite3_exec(db_, sql, nullptr, nullptr, &meldung);
-    sqlite3_free(meldung);
-    if (rc != SQLITE_OK) DbFehlerWerfen(rc, db_, pfad_);
-}
-
-void verbindungSchliessen() {
-    lesen_.Freigeben();
-    schreiben_.Freigeben();
-    if (db_ != nullptr) sqlite3_close_v2(db_);
-    db_ = nullptr;
-    transaktionOffen_ = false;
-}
-
-// A file without any table is new and gets the schema; any other must be ours (DbSchemaPruefen).
-void schemaPruefen() {
-    DbAnweisung tabellen(db_, pfad_, "SELECT Count(*) FROM sqlite_master");
-    if (tabellen.Schritt() && tabellen.Zahl(0) > 0) {
-        DbSchemaPruefen(db_, pfad_);
-        return;
-    }
-    ausfuehren("BEGIN IMMEDIATE");
-    try {
-        ausfuehren(kSchema);
-        ausfuehren("COMMIT");
-    } catch (...) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-}
-
-void verbinden(const std::string& pfad) {
-    pfad_ = pfad;
-    const bool vorhanden = std::filesystem::exists(pfad);
-    // A write-protected file would open read-only and fail only at the first write, after a
-    // job had begun; it is refused here instead.
-    if (vorhanden && access(pfad.c_str(), W_OK) != 0) throw Laufzeitfehler(DbFehlerNummer, TextP1(1501, pfad));
-    int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
-    if (!vorhanden) flags |= SQLITE_OPEN_CREATE;
-    const int rc = sqlite3_open_v2(pfad.c_str(), &db_, flags, nullptr);
-    if (rc != SQLITE_OK) DbFehlerWerfen(rc, db_, pfad);
-    sqlite3_extended_result_codes(db_, 1);
-    sqlite3_busy_timeout(db_, wartezeit_);
-    schemaPruefen();
-    // WAL: readers never block the search, and a commit is one append; synchronous FULL makes
-    // every commit survive a power failure too, at one sync a second.
-    DbAnweisung modus(db_, pfad_, "PRAGMA journal_mode = WAL");
-    if (modus.Schritt() && modus.Textwert(0) != "wal") {
-        throw Laufzeitfehler(DbFehlerNummer, TextP1P2(1505, pfad_, "WAL: " + modus.Textwert(0)));
-    }
-    ausfuehren("PRAGMA synchronous = FULL");
-    lesen_ = DbAnweisung(db_, pfad_,
-                         "SELECT Mersenne, Teiler, TeilerPot, FaktorS, TimeStamp FROM t_Prim WHERE Primzahl = ?1");
-    schreiben_ = DbAnweisung(db_, pfad_,
-                             "INSERT INTO t_Prim (Primzahl, Mersenne, Teiler, TeilerPot, FaktorS, TimeStamp) "
-                             "VALUES (?1, ?2, ?3, ?4, ?5, ?6) ON CONFLICT(Primzahl) DO UPDATE SET "
-                             "Mersenne = excluded.Mersenne, Teiler = excluded.Teiler, TeilerPot = excluded.TeilerPot, "
-                             "FaktorS = excluded.FaktorS, TimeStamp = excluded.TimeStamp");
-}
 
 void festschreibenOffen() {
     if (!transaktionOffen_) return;
-    transaktionOffen_ = false;  // a failed COMMIT leaves SQLite's transaction to ROLLBACK
-    const int rc = sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
-    if (rc != SQLITE_OK) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        DbFehlerWerfen(rc, db_, pfad_);
-    }
+    transaktionOffen_ = false;
+    speicher_->Festschreiben();
     letzterCommit_ = std::chrono::steady_clock::now();
 }
 
 void segmentSicherstellen(int32_t p, bool& gewechselt) {
     const int32_t s = DbSegment(p);
     gewechselt = false;
-    if (s != DbSegmentAktuell || db_ == nullptr) {
+    if (s != DbSegmentAktuell || !speicher_->Offen()) {
         DbOeffnenPflicht(s);
         gewechselt = true;
     }
-}
-
-PrimZeile zeileHolen(int32_t p) {
-    PrimZeile z;
-    lesen_.Zuruecksetzen();
-    lesen_.Binden(1, p);
-    if (!lesen_.Schritt()) return z;
-    z.vorhanden = true;
-    z.mersenne = int32_t(lesen_.Zahl(0));
-    z.teiler = lesen_.IstNull(1) ? "0" : lesen_.Textwert(1);
-    z.teilerPot = int32_t(lesen_.Zahl(2));
-    z.faktorS = lesen_.Textwert(3);
-    z.zeitstempel = lesen_.Textwert(4);
-    lesen_.Zuruecksetzen();
-    return z;
 }
 
 std::string jetzt() {
@@ -156,19 +68,19 @@ template <class F>
 void schreibRahmen(F&& f) {
     if (sammelTiefe_ > 0) {
         if (!transaktionOffen_) {
-            ausfuehren("BEGIN IMMEDIATE");
+            speicher_->Beginnen();
             transaktionOffen_ = true;
         }
         f();
         return;
     }
-    ausfuehren("BEGIN IMMEDIATE");
+    speicher_->Beginnen();
     transaktionOffen_ = true;
     try {
         f();
     } catch (...) {
         transaktionOffen_ = false;
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        speicher_->Verwerfen();
         throw;
     }
     festschreibenOffen();
@@ -176,15 +88,7 @@ void schreibRahmen(F&& f) {
 
 // Stores z as p's row; the caller runs it inside schreibRahmen.
 void zeileAblegen(int32_t p, const PrimZeile& z, bool neu) {
-    schreiben_.Zuruecksetzen();
-    schreiben_.Binden(1, p);
-    schreiben_.Binden(2, z.mersenne);
-    schreiben_.Binden(3, z.teiler);
-    schreiben_.Binden(4, z.teilerPot);
-    schreiben_.BindenOderNull(5, z.faktorS);
-    schreiben_.BindenOderNull(6, z.zeitstempel);
-    schreiben_.Schritt();
-    schreiben_.Zuruecksetzen();
+    speicher_->Ablegen(p, z);
     if (neu) ++DbAnzahlGesamt;
 }
 
@@ -192,7 +96,7 @@ bool schreiben(int32_t p, int32_t mersenne, const std::string& teiler, int32_t t
     bool gewechselt;
     segmentSicherstellen(p, gewechselt);
     schreibRahmen([&] {
-        const PrimZeile alt = zeileHolen(p);
+        const PrimZeile alt = speicher_->Lesen(p);
         PrimZeile z = alt;
         z.mersenne = mersenne;
         z.teiler = teiler;
@@ -209,18 +113,13 @@ bool schreiben(int32_t p, int32_t mersenne, const std::string& teiler, int32_t t
 }
 
 void offenPruefen() {
-    if (db_ == nullptr) throw Laufzeitfehler(DbFehlerNummer, TextP1(1508, DbDateiPfad(0)));
+    if (!speicher_->Offen()) throw Laufzeitfehler(DbFehlerNummer, TextP1(1508, DbDateiPfad(0)));
 }
 
-int64_t zaehlen(const std::string& sql, std::initializer_list<int64_t> werte) {
+int64_t zaehlen(int64_t ab, int64_t bis, DbStatusWahl status) {
     offenPruefen();
-    DbAnweisung a(db_, pfad_, sql.c_str());
-    int i = 1;
-    for (int64_t w : werte) a.Binden(i++, w);
-    return a.Schritt() ? a.Zahl(0) : 0;
+    return speicher_->Anzahl(ab, bis, status);
 }
-
-const std::string kZaehl = "SELECT Count(*) AS Anzahl FROM t_Prim ";
 
 }  // namespace
 
@@ -228,16 +127,26 @@ const std::string kZaehl = "SELECT Count(*) AS Anzahl FROM t_Prim ";
 
 void DbOrdnerSetzen(const std::string& ordner) {
     DbSchliessen();
-    ordner_ = ordner.empty() || ordner.back() == '/' ? ordner : ordner + "/";
+    ordner_ = ordner.empty() || ordner.back() == '/' || IstPgUrl(ordner) ? ordner : ordner + "/";
+    speicher_ = SpeicherFuer(ordner_);
+    speicher_->WartezeitSetzen(wartezeit_);
 }
 
-std::string DbOrdner() { return ordner_.empty() ? ProgrammPfad : ordner_; }
+std::string DbOrdner() { return speicher_->Ort(); }
+
+const std::string& DbOrtEingabe() { return ordner_; }
+
+bool DbAufServer() { return IstPgUrl(ordner_); }
+
+MersenneSpeicher& DbSpeicher() { return *speicher_; }
 
 std::string DbDateiName(int32_t segment) {
     return segment == 0 ? "Prim.db" : "Prim" + std::to_string(segment) + ".db";
 }
 
-std::string DbDateiPfad(int32_t segment) { return DbOrdner() + DbDateiName(segment); }
+std::string DbDateiPfad(int32_t segment) { return speicher_->SegmentOrt(segment); }
+
+bool DbSegmentVorhanden(int32_t segment) { return speicher_->SegmentVorhanden(segment); }
 
 bool DbOeffnen(int32_t segment) {
     try {
@@ -250,19 +159,15 @@ bool DbOeffnen(int32_t segment) {
 }
 
 void DbOeffnenPflicht(int32_t segment) {
-    if (db_ != nullptr) {
+    if (speicher_->Offen()) {
         festschreibenOffen();
-        verbindungSchliessen();
+        speicher_->Schliessen();
     }
+    transaktionOffen_ = false;
     DbOffen = false;
     DbSegmentAktuell = DbKeinSegment;
     fehlerText_.clear();
-    try {
-        verbinden(DbDateiPfad(segment));
-    } catch (...) {
-        verbindungSchliessen();
-        throw;
-    }
+    speicher_->Oeffnen(segment);
     DbSegmentAktuell = segment;
     DbOffen = true;
 }
@@ -270,26 +175,31 @@ void DbOeffnenPflicht(int32_t segment) {
 const std::string& DbFehlerText() { return fehlerText_; }
 
 void DbSchliessen() {
-    if (db_ != nullptr) {
+    if (speicher_->Offen()) {
         try {
             festschreibenOffen();
         } catch (...) {
-            verbindungSchliessen();
+            speicher_->Schliessen();
+            transaktionOffen_ = false;
             DbOffen = false;
             DbSegmentAktuell = DbKeinSegment;
             throw;
         }
     }
-    verbindungSchliessen();
+    speicher_->Schliessen();
+    transaktionOffen_ = false;
     DbOffen = false;
     DbSegmentAktuell = DbKeinSegment;
 }
 
-sqlite3* DbVerbindung() { return db_; }
+sqlite3* DbVerbindung() {
+    auto* sqlite = dynamic_cast<SqliteSpeicher*>(speicher_.get());
+    return sqlite != nullptr ? sqlite->Verbindung() : nullptr;
+}
 
 void DbWartezeitSetzen(int32_t millisekunden) {
     wartezeit_ = millisekunden;
-    if (db_ != nullptr) sqlite3_busy_timeout(db_, wartezeit_);
+    speicher_->WartezeitSetzen(wartezeit_);
 }
 
 // ---- transactions ---------------------------------------------------------------------------
@@ -301,10 +211,10 @@ DbTransaktion::DbTransaktion() : aeussere_(sammelTiefe_ == 0), ausnahmen_(std::u
 
 DbTransaktion::~DbTransaktion() {
     --sammelTiefe_;
-    if (!aeussere_ || !transaktionOffen_ || db_ == nullptr) return;
+    if (!aeussere_ || !transaktionOffen_ || !speicher_->Offen()) return;
     if (std::uncaught_exceptions() > ausnahmen_) {
         transaktionOffen_ = false;
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        speicher_->Verwerfen();
         return;
     }
     try {
@@ -327,7 +237,7 @@ PrimZeile PrimZeileLesen(int32_t p, bool* gewechselt) {
     bool g;
     segmentSicherstellen(p, g);
     if (gewechselt != nullptr) *gewechselt = g;
-    return zeileHolen(p);
+    return speicher_->Lesen(p);
 }
 
 bool PrimLesen(int32_t p, int32_t& mersenne, std::string& teiler, int32_t& teilerPot) {
@@ -350,7 +260,7 @@ bool PrimSchreibenImport(int32_t p, int32_t mersenne, const std::string& teiler,
 bool PrimZeileSchreiben(int32_t p, const PrimZeile& z) {
     bool gewechselt;
     segmentSicherstellen(p, gewechselt);
-    schreibRahmen([&] { zeileAblegen(p, z, !zeileHolen(p).vorhanden); });
+    schreibRahmen([&] { zeileAblegen(p, z, !speicher_->Lesen(p).vorhanden); });
     return gewechselt;
 }
 
@@ -403,14 +313,14 @@ std::string ZufallsZeitstempel(int32_t jahr) {
 
 void ZaehleAlle() {
     DbAnzahlGesamt = 1;
-    DbAnzahlGesamt = int32_t(zaehlen(kZaehl, {}));
-    DbAnzahlMitStatus = int32_t(zaehlen(kZaehl + "WHERE Mersenne > 0", {}));
+    DbAnzahlGesamt = int32_t(zaehlen(INT64_MIN, INT64_MAX, DbStatusWahl::Alle));
+    DbAnzahlMitStatus = int32_t(zaehlen(INT64_MIN, INT64_MAX, DbStatusWahl::MitStatus));
 }
 
 void ZaehleBereich(int64_t lo, int64_t hi) {
     DbAnzahlGesamt = 1;
-    DbAnzahlGesamt = int32_t(zaehlen(kZaehl + "WHERE Primzahl >= ?1 AND Primzahl <= ?2", {lo, hi}));
-    DbAnzahlMitStatus = int32_t(zaehlen(kZaehl + "WHERE Primzahl >= ?1 AND Primzahl <= ?2 AND Mersenne > 0", {lo, hi}));
+    DbAnzahlGesamt = int32_t(zaehlen(lo, hi, DbStatusWahl::Alle));
+    DbAnzahlMitStatus = int32_t(zaehlen(lo, hi, DbStatusWahl::MitStatus));
 }
 
 int32_t ZaehleIntervall(int32_t p, int32_t intervall) {
@@ -418,12 +328,13 @@ int32_t ZaehleIntervall(int32_t p, int32_t intervall) {
     bool gewechselt;
     segmentSicherstellen(p, gewechselt);
     const int64_t lo = int64_t(p / intervall) * intervall;
-    return int32_t(zaehlen(kZaehl + "WHERE Primzahl >= ?1 AND Primzahl <= ?2 AND Mersenne > 0", {lo, p}));
+    return int32_t(zaehlen(lo, p, DbStatusWahl::MitStatus));
 }
 
 int64_t ZaehleWo(const DbBedingung& b) {
-    static const char* const status[] = {"", " AND Mersenne > 0", " AND Mersenne <> 0", " AND Mersenne = 2"};
-    return zaehlen(kZaehl + "WHERE Primzahl > ?1 AND Primzahl < ?2" + status[int(b.status)], {b.ueber, b.unter});
+    // Open bounds as closed ones; the defaults INT64_MIN and INT64_MAX stay in range.
+    if (b.ueber == INT64_MAX || b.unter == INT64_MIN) return 0;
+    return zaehlen(b.ueber + 1, b.unter - 1, b.status);
 }
 
 void ZaehleFaktorklasse(int32_t von, int32_t bis, const std::string& auswahl, int64_t& anzahlPrim, int64_t& treffer) {
@@ -434,32 +345,31 @@ void ZaehleFaktorklasse(int32_t von, int32_t bis, const std::string& auswahl, in
     anzahlPrim = PrimAnzahl(Decimal(von), Decimal(bis)).Wert();
     treffer = 0;
     for (int64_t s = von / MersenneDbSegment; s * MersenneDbSegment < bis; ++s) {
-        if (s != DbSegmentAktuell || db_ == nullptr) DbOeffnenPflicht(int32_t(s));
-        const std::string bereich = "WHERE Primzahl >= ?1 AND Primzahl <= ?2 AND Mersenne = 2";
+        if (s != DbSegmentAktuell || !speicher_->Offen()) DbOeffnenPflicht(int32_t(s));
         if (modus == 2 && l == 0) {
-            treffer += zaehlen(kZaehl + bereich, {von, bis});
+            treffer += zaehlen(von, bis, DbStatusWahl::Geteilt);
             continue;
         }
-        std::string sql = "SELECT FaktorS FROM t_Prim " + bereich;
-        if (l != 0) sql += " AND CAST(FaktorS AS REAL) <= ?3";
-        DbAnweisung a(db_, pfad_, sql.c_str());
-        a.Binden(1, von);
-        a.Binden(2, bis);
-        if (l != 0) a.Binden(3, l);
-        while (a.Schritt()) {
+        // The walk reads committed rows only: what this job wrote must be committed first.
+        festschreibenOffen();
+        const int64_t ab = std::max<int64_t>(von, s * MersenneDbSegment);
+        const int64_t bisHier = std::min<int64_t>(bis, (s + 1) * MersenneDbSegment - 1);
+        speicher_->Durchlaufen(ab, bisHier, DbStatusWahl::Geteilt, true, [&](int32_t, const PrimZeile& z) {
+            // A row without k has none to compare with the bound (NULL in the old query).
+            if (l != 0 && (z.faktorS.empty() || std::strtod(z.faktorS.c_str(), nullptr) > double(l))) return;
             if (modus == 2) {
                 ++treffer;
-                continue;
+                return;
             }
             // k mod 4 is decided by its last two digits, as 100 is a multiple of 4.
-            const std::string k = a.Textwert(0);
+            const std::string& k = z.faktorS;
             int letzte = 0;
             for (size_t i = k.size() >= 2 ? k.size() - 2 : 0; i < k.size(); ++i) {
                 if (k[i] < '0' || k[i] > '9') break;
                 letzte = letzte * 10 + (k[i] - '0');
             }
             if (letzte % 4 == modus) ++treffer;
-        }
+        });
     }
 }
 

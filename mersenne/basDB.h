@@ -1,8 +1,9 @@
 // basDB: what is known about the divisors of the Mersenne numbers 2^p - 1 for prime exponents
 // p up to GrenzeLong. One row per exponent (table t_Prim) holds its status, its divisors and
-// how far the search for one has gone. The rows live in SQLite files, one per segment of
-// MersenneDbSegment exponents (Prim.db, Prim1.db, ... in the database folder); a missing file
-// is created with the schema, a file of any other schema is refused and never altered.
+// how far the search for one has gone. The rows live in a store (MersenneSpeicher.h): by default
+// SQLite files, one per segment of MersenneDbSegment exponents (Prim.db, Prim1.db, ... in the
+// database folder; a missing file is created with the schema, a file of any other schema is
+// refused and never altered), or one table on a PostgreSQL server that several machines share.
 //
 // The module holds one open file at a time and moves between files by itself when an exponent
 // lies elsewhere. All writes of one job can be grouped into one transaction (DbTransaktion):
@@ -32,12 +33,20 @@ extern int32_t DbAnzahlGesamt;     // rows of the last count; raised by one with
 extern int32_t DbAnzahlMitStatus;  // rows with Mersenne > 0 in the last count
 
 // The folder of the database files, ending in "/". Empty (the default) means ProgrammPfad,
-// the folder of the block files. Setting it closes an open file.
+// the folder of the block files; a postgresql:// or postgres:// URL chooses that server
+// instead. Setting it closes an open file.
 void DbOrdnerSetzen(const std::string& ordner);
+// The folder, or the server's address without its password (for display).
 std::string DbOrdner();
+// What DbOrdnerSetzen was given, password included: for the settings that must keep it.
+const std::string& DbOrtEingabe();
+bool DbAufServer();
 // The file of segment s in the folder: Prim.db for 0, Prim<s>.db above.
 std::string DbDateiName(int32_t segment);
+// Where segment s is kept, for messages: its file, or the server address.
 std::string DbDateiPfad(int32_t segment);
+// Whether segment s can be read without creating anything (its file exists; always on a server).
+bool DbSegmentVorhanden(int32_t segment);
 inline int32_t DbSegment(int64_t p) { return int32_t(p / MersenneDbSegment); }
 
 // Opens the file of segment s (creating it with the schema when missing). False, with the

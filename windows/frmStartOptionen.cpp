@@ -16,11 +16,15 @@
 #include <algorithm>
 #include <optional>
 
+#include "db/PgVerbindung.h"
+#include "frame/Einstellungen.h"
 #include "frame/Meldungen.h"
+#include "frame/Programm.h"
 #include "frame/Pfade.h"
 #include "frame/Zahlformat.h"
 #include "frame/Texte.h"
 #include "frame/basZentral.h"
+#include "mersenne/basDB.h"
 #include "sieve/SiebSegmentiert.h"
 #include "windows/Fenster.h"
 #include "windows/Steuerelemente.h"
@@ -49,6 +53,8 @@ StartOptionen::StartOptionen(QWidget* eltern) : QGroupBox(eltern) {
     txtPath_ = Benannt(new QLineEdit(system), "txtPath");
     chkStoppUhr_ = Benannt(new QCheckBox(system), "chkStoppUhr");
     sysLay->addRow(Benannt(new QLabel(system), "lblPath"), txtPath_);
+    txtDatenbank_ = Benannt(new QLineEdit(system), "txtDatenbank");
+    sysLay->addRow(Benannt(new QLabel(system), "lblDatenbank"), txtDatenbank_);
     sysLay->addRow(chkStoppUhr_);
     txtThreads_ = feld(system, "txtThreads", 60);
     sysLay->addRow(Benannt(new QLabel(system), "lblThreads"), txtThreads_);
@@ -197,6 +203,20 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
         MsgLaufwerk();
         return false;
     }
+    // The field shows the database without its password: while it still reads so, the place
+    // in force (or at start the stored one) stays, password and all.
+    std::string db = DbOrtEingabe();
+    if (!pruefen && db.empty()) db = IniLesen(StartSektion, "Datenbank");
+    std::string dbFeld = txtDatenbank_->text().trimmed().toStdString();
+    if (!dbFeld.empty() && !IstPgUrl(dbFeld)) dbFeld = MitSchraegstrich(dbFeld);
+    if (dbFeld != UrlOhnePasswort(db)) db = dbFeld;
+    if (!db.empty() && !IstPgUrl(db) && !QDir(q(db)).exists()) {
+        if (pruefen) {
+            MsgLaufwerk();
+            return false;
+        }
+        db = DbOrtEingabe();
+    }
 
     FormatZeichen = zeichen;
     FormatAnzahl = anzahl;
@@ -206,6 +226,11 @@ bool StartOptionen::Uebernehmen(bool pruefen) {
     StellenZahlAnzeigen = chkStellenZahl_->isChecked();
     for (int i = 0; i < 4; ++i) GrossZahlFarbe[i] = static_cast<int32_t>(HintergrundFarbe(farben_[i]));
     if (pfadDa) ProgrammPfad = MitSchraegstrich(pfad.toStdString());
+    if (db != DbOrtEingabe()) {
+        DbOrdnerSetzen(db);
+        IniSchreiben(StartSektion, "Datenbank", db);
+    }
+    txtDatenbank_->setText(q(UrlOhnePasswort(db)));
     StoppUhrAktiv = chkStoppUhr_->isChecked();
     SiebFaeden = std::clamp(faeden, 0, 256);
     ZahlenSystem = basis;
@@ -225,6 +250,7 @@ void StartOptionen::AusVariablen() {
     chkStellenZahl_->setChecked(StellenZahlAnzeigen);
     for (int i = 0; i < 4; ++i) HintergrundFarbeSetzen(farben_[i], GrossZahlFarbe[i]);
     txtPath_->setText(q(ProgrammPfad));
+    txtDatenbank_->setText(q(UrlOhnePasswort(DbOrtEingabe())));
     chkStoppUhr_->setChecked(StoppUhrAktiv);
     txtThreads_->setText(QString::number(SiebFaeden));
     txtZahlenSystem_->setText(QString::number(ZahlenSystem));
@@ -245,6 +271,7 @@ QStringList StartOptionen::Auflistung() const {
     auto titel = [](const QLabel* l) { return l->text(); };
     QStringList zeilen;
     zeilen << QStringLiteral("%1 %2").arg(titel(findChild<QLabel*>("lblPath")), q(ProgrammPfad));
+    zeilen << QStringLiteral("%1 %2").arg(titel(findChild<QLabel*>("lblDatenbank")), q(UrlOhnePasswort(DbOrtEingabe())));
     zeilen << QStringLiteral("%1 %2").arg(chkStoppUhr_->text(), StoppUhrAktiv ? "✓" : "–");
     zeilen << q(TextP1(1702, std::to_string(SiebFaedenWirksam())));
     zeilen << QStringLiteral("1234567890 → %1").arg(q(ZahlFormat(static_cast<long long>(1234567890))));

@@ -1,7 +1,8 @@
 // The cockpit's option pages (fraOptionen): number display, system settings, colours of the
 // large-number and text displays, number base. Uebernehmen copies the controls into the
 // public display settings (what btnGO does, and the start-up twice); AusVariablen puts the
-// public settings back into the controls (btnCancel).
+// public settings back into the controls (btnCancel). The Mersenne database's place (a folder
+// or a PostgreSQL URL) is shown without its password and kept with it in SW.Ini.
 #pragma once
 
 #include <QGroupBox>
@@ -53,6 +54,7 @@ private:
     QLineEdit* txtMaxFormatStellen_;
     QCheckBox* chkStellenZahl_;
     QLineEdit* txtPath_;
+    QLineEdit* txtDatenbank_;
     QCheckBox* chkStoppUhr_;
     QLineEdit* txtThreads_;
     QLabel* farben_[4];

@@ -27,6 +27,8 @@ bool teilt(uint64_t q, uint32_t p) {
 void schreibeDatei(const std::string& pfad, const std::string& inhalt) { std::ofstream(pfad, std::ios::binary) << inhalt; }
 
 class DbImport_ : public DbTest {};
+class DbImportSpeicher_ : public DbSpeicherTest {};
+SW_AUF_BEIDEN_SPEICHERN(DbImportSpeicher_);
 
 TEST_F(DbImport_, ZeilenLesen) {
     ASSERT_TRUE(teilt(23, 11) && teilt(89, 11) && teilt(2351, 47) && teilt(4513, 47) && teilt(193707721, 67));
@@ -123,7 +125,7 @@ TEST_F(DbImport_, GespeicherteSeite) {
 // Two researchers' folders: the union of divisors, the larger limit, status from the divisors;
 // the other folder is read only, a false entry there is left out, a bad file stops the merge
 // before anything is written.
-TEST_F(DbImport_, ZweiOrdnerZusammenfuehren) {
+TEST_P(DbImportSpeicher_, ZweiOrdnerZusammenfuehren) {
     const std::string fremd = Ordner() + "fremd/";
     fs::create_directories(fremd);
     DbOrdnerSetzen(fremd);
@@ -133,7 +135,7 @@ TEST_F(DbImport_, ZweiOrdnerZusammenfuehren) {
     PrimSchreiben(47, 2, "2351x4513x999", 100);
     PrimSchreiben(200000039, 2, "400000079", 100);
     DbSchliessen();
-    DbOrdnerSetzen("");
+    DbOrdnerSetzen(eigen);
     PrimSchreiben(11, 2, "23", 100);
     PrimSchreiben(13, 0, "0", 23);  // 300 in short form
     PrimSchreiben(17, 0, "0", 5000);

@@ -1,5 +1,6 @@
-// Shared by the database tests: a fixture that leaves no open file behind, and a second,
-// independent connection that looks at a file the way another process would.
+// Shared by the database tests: a fixture that leaves no open file behind, one that runs a test
+// on both stores (the SQLite files and a PostgreSQL server), and a second, independent
+// connection that looks at a file the way another process would.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,7 +8,9 @@
 
 #include <string>
 
+#include "PgServer.h"
 #include "TestUmgebung.h"
+#include "db/PgVerbindung.h"
 #include "mersenne/basDB.h"
 
 namespace sw::test {
@@ -43,5 +46,31 @@ public:
 private:
     sqlite3* db_ = nullptr;
 };
+
+// A test on each store: "SQLite" (the files in the test's folder) and "PostgreSQL" (a fresh
+// database on the private server, skipped with the reason when there is no server).
+class DbSpeicherTest : public DbTest, public ::testing::WithParamInterface<const char*> {
+protected:
+    void SetUp() override {
+        DbTest::SetUp();
+        if (!Server()) return;
+        PgServer* server = PgServer::Gemeinsam();
+        if (server == nullptr) GTEST_SKIP() << PgServer::FehltGrund();
+        eigen = server->NeueDatenbank();
+        DbOrdnerSetzen(eigen);
+    }
+    bool Server() const { return std::string(GetParam()) == "PostgreSQL"; }
+    // The first value of `sql` as another process sees it: committed rows only.
+    std::string Aussen(const std::string& sql) {
+        if (!Server()) return Fremdzugriff(DbDateiPfad(0)).Wert(sql);
+        PgVerbindung v(eigen);
+        PgErgebnis e = v.Ausfuehren(sql);
+        return e.Zeilen() > 0 ? e.Text(0, 0) : "";
+    }
+    std::string eigen;   // what DbOrdnerSetzen takes for this store: "" or the URL
+};
+#define SW_AUF_BEIDEN_SPEICHERN(suite)                                                      \
+    INSTANTIATE_TEST_SUITE_P(, suite, ::testing::Values("SQLite", "PostgreSQL"),            \
+                             [](const ::testing::TestParamInfo<const char*>& i) { return std::string(i.param); })
 
 }  // namespace sw::test
