@@ -113,7 +113,7 @@ protected:
     // that were further along beforehand left as they were.
     void Abschuesse(int von, int bis, int k, int einheit, int parallel, int kills) {
         const Tabelle einzeln = einzelLauf(Ordner(), von, bis, k);
-        ASSERT_GT(einzeln.size(), 100u);
+        ASSERT_GT(einzeln.size(), 500u);
         PgVerbindung v(url);
         ASSERT_EQ(cli("work add divisors " + std::to_string(von) + " " + std::to_string(bis) + " --kziel " +
                       std::to_string(k) + " --unit " + std::to_string(einheit) + " --db '" + url + "'")
@@ -155,7 +155,7 @@ protected:
 };
 
 TEST_F(ArbeitTest, GetoeteteWorkerHinterlassenDasErgebnisDesEinzelLaufs) {
-    Abschuesse(20000, 32000, 30000, 1000, 3, 4);
+    Abschuesse(20000, 26000, 20000, 500, 3, 4);
 }
 
 TEST_F(ArbeitTest, VieleAbschuesseBeiVierWorkern) {
@@ -165,20 +165,20 @@ TEST_F(ArbeitTest, VieleAbschuesseBeiVierWorkern) {
 
 // A worker paused past its lease loses the unit to another and, woken again, writes nothing.
 TEST_F(ArbeitTest, AngehaltenerWorkerVerliertSeineEinheit) {
-    const Tabelle einzeln = einzelLauf(Ordner(), 40000, 41000, 300000);
+    const Tabelle einzeln = einzelLauf(Ordner(), 40000, 41000, 150000);
     PgVerbindung v(url);
-    ASSERT_EQ(cli("work add divisors 40000 41000 --kziel 300000 --unit 1001 --db '" + url + "'").code, 0);
+    ASSERT_EQ(cli("work add divisors 40000 41000 --kziel 150000 --unit 1001 --db '" + url + "'").code, 0);
     v.Skript(
         "CREATE TABLE t_Schreiber (n integer);"
         "CREATE FUNCTION zaehlen() RETURNS trigger LANGUAGE plpgsql AS "
         "$$ BEGIN INSERT INTO t_Schreiber VALUES (1); RETURN NEW; END $$;"
         "CREATE TRIGGER zaehlen AFTER INSERT OR UPDATE ON t_Prim FOR EACH ROW EXECUTE FUNCTION zaehlen();");
-    const Worker a = workerStarten(Ordner(), url, "A", "0.6");
+    const Worker a = workerStarten(Ordner(), url, "A", "0.4");
     for (int i = 0; i < 200 && v.Ausfuehren("SELECT worker FROM t_Arbeit").Text(0, 0) != "A"; ++i)
         std::this_thread::sleep_for(10ms);
     kill(a.pid, SIGSTOP);
-    std::this_thread::sleep_for(900ms);
-    const Worker b = workerStarten(Ordner(), url, "B", "0.6");
+    std::this_thread::sleep_for(600ms);
+    const Worker b = workerStarten(Ordner(), url, "B", "0.4");
     EXPECT_EQ(WEXITSTATUS(workerWarten(b)), 0) << dateiText(b.fehler);
     const int64_t schreibenVorher = v.Ausfuehren("SELECT count(*) FROM t_Schreiber").Zahl(0, 0);
     kill(a.pid, SIGCONT);
@@ -193,16 +193,16 @@ TEST_F(ArbeitTest, AngehaltenerWorkerVerliertSeineEinheit) {
 }
 
 // The server goes away under a worker and comes back: the worker waits, connects again and
-// finishes the queue.
+// finishes the queue. Every prime exponent of the range ends with a row: searched to k, or
+// with a divisor that GMP confirms.
 TEST_F(ArbeitTest, WorkerUeberstehtNeustartDesServers) {
-    const Tabelle einzeln = einzelLauf(Ordner(), 50000, 56000, 100000);
     PgVerbindung v(url);
-    ASSERT_EQ(cli("work add divisors 50000 56000 --kziel 100000 --unit 500 --db '" + url + "'").code, 0);
+    ASSERT_EQ(cli("work add divisors 50000 53000 --kziel 60000 --unit 250 --db '" + url + "'").code, 0);
     const Worker w = workerStarten(Ordner(), url, "W", "5");
     for (int i = 0; i < 300 && v.Ausfuehren("SELECT count(*) FROM t_Arbeit WHERE state = 'done'").Zahl(0, 0) == 0; ++i)
         std::this_thread::sleep_for(10ms);
     PgServer::Gemeinsam()->Anhalten();
-    std::this_thread::sleep_for(600ms);
+    std::this_thread::sleep_for(300ms);
     PgServer::Gemeinsam()->Starten();
     const int status = workerWarten(w);
     const std::string fehler = dateiText(w.fehler);
@@ -211,7 +211,23 @@ TEST_F(ArbeitTest, WorkerUeberstehtNeustartDesServers) {
     EXPECT_NE(fehler.find("connected again"), std::string::npos) << fehler;
     PgVerbindung neu(url);
     EXPECT_EQ(neu.Ausfuehren("SELECT count(*) FROM t_Arbeit WHERE state <> 'done'").Zahl(0, 0), 0);
-    EXPECT_EQ(pgTabelle(neu), einzeln);
+    const Tabelle t = pgTabelle(neu);
+    mpz_t n;
+    mpz_init(n);
+    size_t primzahlen = 0;
+    for (long p = 50000; p <= 53000; ++p) {
+        mpz_set_si(n, p);
+        if (mpz_probab_prime_p(n, 30) == 0) continue;
+        ++primzahlen;
+        const auto z = t.find(p);
+        ASSERT_NE(z, t.end()) << p;
+        EXPECT_EQ(z->second.pot, 60000) << p;
+        if (z->second.mersenne == 2) {
+            EXPECT_TRUE(teilt(p, z->second.teiler)) << p;
+        }
+    }
+    mpz_clear(n);
+    EXPECT_EQ(t.size(), primzahlen);
 }
 
 // Lucas-Lehmer and Collatz units against what is known of them and a plain count.
