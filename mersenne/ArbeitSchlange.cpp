@@ -12,8 +12,10 @@ namespace {
 // alone can still collide in the catalogue.
 constexpr const char* kSchemaSperre = "SELECT pg_advisory_xact_lock(2340)";
 
+// t_Prim has the shape of the Mersenne table that the storage of the rows keeps on the server,
+// so that the queue's results and the rows written by single searches are one table.
 constexpr const char* kSchema =
-    "CREATE TABLE IF NOT EXISTS t_Prim (Primzahl bigint PRIMARY KEY, Mersenne integer NOT NULL DEFAULT 0, "
+    "CREATE TABLE IF NOT EXISTS t_Prim (Primzahl integer PRIMARY KEY, Mersenne integer NOT NULL DEFAULT 0, "
     "Teiler text, TeilerPot integer, FaktorS text, TimeStamp text);"
     "CREATE TABLE IF NOT EXISTS t_Arbeit (id bigserial PRIMARY KEY, "
     "kind text NOT NULL CHECK (kind IN ('divisors', 'lucas', 'collatz')), "

@@ -179,6 +179,7 @@ void frmMersenneStatus::SchlangeLesen() {
     ArbeitStand s;
     try {
         PgVerbindung v(schlangeUrl_);
+        ArbeitSchemaAnlegen(v);  // a queue not filled yet reads as empty, not as an error
         s = ArbeitStandLesen(v);
     } catch (const Laufzeitfehler& e) {
         lblSchlange_->setText(q(TextP1(2354, e.what())));
