@@ -160,20 +160,24 @@ std::optional<ArbeitEinheit> ArbeitBeanspruchen(PgVerbindung& v, const std::stri
         "(state = 'open' OR (state = 'claimed' AND lease_until < now())) AND ($3 = '' OR kind = $3) "
         "ORDER BY id LIMIT 1 FOR UPDATE SKIP LOCKED) RETURNING id, kind, lo::text, hi::text, kziel",
         {worker, leaseSekunden, artBedingung(art)});
-    if (r.Zeilen() == 0) return std::nullopt;
-    ArbeitEinheit e;
-    e.id = r.Zahl(0, 0);
-    e.art = *ArbeitArtLesen(r.Text(0, 1));
-    e.von = zahlLesen(r.Text(0, 2));
-    e.bis = zahlLesen(r.Text(0, 3));
-    e.KZiel = uint64_t(r.Zahl(0, 4));
-    return e;
+    // One row at most: the unit claimed.
+    for (int i = 0; i < r.Zeilen(); ++i) {
+        ArbeitEinheit e;
+        e.id = r.Zahl(i, 0);
+        e.art = *ArbeitArtLesen(r.Text(i, 1));
+        e.von = zahlLesen(r.Text(i, 2));
+        e.bis = zahlLesen(r.Text(i, 3));
+        e.KZiel = uint64_t(r.Zahl(i, 4));
+        return e;
+    }
+    return std::nullopt;
 }
 
 bool ArbeitUebrig(PgVerbindung& v, std::optional<ArbeitArt> art) {
-    return v.Ausfuehren("SELECT EXISTS (SELECT 1 FROM t_Arbeit WHERE state <> 'done' AND ($1 = '' OR kind = $1))",
-                        {artBedingung(art)})
-               .Text(0, 0) == "t";
+    return v.Ausfuehren(
+                "SELECT (EXISTS (SELECT 1 FROM t_Arbeit WHERE state <> 'done' AND ($1 = '' OR kind = $1)))::int",
+                {artBedingung(art)})
+               .Zahl(0, 0) == 1;
 }
 
 bool ArbeitVerlaengern(PgVerbindung& v, int64_t id, const std::string& worker, double leaseSekunden) {
@@ -201,14 +205,14 @@ bool ArbeitAbschliessen(PgVerbindung& v, const ArbeitEinheit& e, const std::stri
     // The row lock keeps the lease from running out into another worker's claim while this
     // transaction writes: a claim skips locked rows.
     const PgErgebnis eigen = v.Ausfuehren(
-        "SELECT state = 'claimed' AND lease_until > now(), state = 'done' FROM t_Arbeit WHERE id = $1 AND "
-        "worker = $2 FOR UPDATE",
+        "SELECT (state = 'claimed' AND lease_until > now())::int, (state = 'done')::int FROM t_Arbeit WHERE "
+        "id = $1 AND worker = $2 FOR UPDATE",
         {static_cast<long long>(e.id), worker});
     if (eigen.Zeilen() == 0) return false;
     // Done by this worker already: the commit went through, only its answer was lost with
     // the connection.
-    if (eigen.Text(0, 1) == "t") return true;
-    if (eigen.Text(0, 0) != "t") return false;
+    if (eigen.Zahl(0, 1) == 1) return true;
+    if (eigen.Zahl(0, 0) != 1) return false;
     switch (e.art) {
     case ArbeitArt::Teiler: teilerZusammenfuehren(v, e, ergebnis); break;
     case ArbeitArt::Lucas: lucasZusammenfuehren(v, e, ergebnis); break;
@@ -244,13 +248,15 @@ ArbeitStand ArbeitStandLesen(PgVerbindung& v) {
         s.treffer += arten.Zahl(i, 4);
     }
     // The rate over the last hour, or over the time since the first of those units was
-    // claimed when the queue is younger than that.
+    // claimed when the queue is younger than that (but at least a minute, so that the first
+    // quick unit does not promise thousands an hour).
     const PgErgebnis worker = v.Ausfuehren(
         "SELECT worker, count(*) FILTER (WHERE state = 'done'), coalesce(sum(found), 0), "
         "count(*) FILTER (WHERE state = 'claimed' AND lease_until >= now()), coalesce(sum(seconds), 0), "
         "count(*) FILTER (WHERE done_at > now() - interval '1 hour'), "
-        "extract(epoch FROM now() - greatest(min(claimed_at) FILTER (WHERE done_at > now() - interval '1 hour'), "
-        "now() - interval '1 hour')), coalesce(to_char(max(done_at), 'YYYY-MM-DD HH24:MI:SS'), '') "
+        "extract(epoch FROM now() - least(greatest(min(claimed_at) FILTER (WHERE done_at > now() - interval "
+        "'1 hour'), now() - interval '1 hour'), now() - interval '1 minute')), "
+        "coalesce(to_char(max(done_at), 'YYYY-MM-DD HH24:MI:SS'), '') "
         "FROM t_Arbeit WHERE worker IS NOT NULL GROUP BY worker ORDER BY worker");
     for (int i = 0; i < worker.Zeilen(); ++i) {
         ArbeitStand::Worker w;

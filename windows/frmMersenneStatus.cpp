@@ -80,7 +80,9 @@ frmMersenneStatus::frmMersenneStatus(QWidget* eltern) : Fenster("frmMersenneStat
     picAnzeige_ = Benannt(new Bild(mitte), "picAnzeige");
     lay->addWidget(picAnzeige_, 1);
     schlangeUrl_ = schlangenAdresse();
-    grpSchlange_ = Benannt(new QGroupBox(q(TextP1(2340, UrlOhnePasswort(schlangeUrl_))), mitte), "grpSchlange");
+    // "&" would mark a shortcut in a group box title; addresses with parameters have it.
+    grpSchlange_ = Benannt(
+        new QGroupBox(q(TextP1(2340, UrlOhnePasswort(schlangeUrl_))).replace('&', "&&"), mitte), "grpSchlange");
     auto* schlange = new QVBoxLayout(grpSchlange_);
     lblSchlange_ = Benannt(new QLabel(grpSchlange_), "lblSchlange");
     lblSchlange_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -93,6 +95,7 @@ frmMersenneStatus::frmMersenneStatus(QWidget* eltern) : Fenster("frmMersenneStat
     tblWorker_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     tblWorker_->verticalHeader()->hide();
     tblWorker_->horizontalHeader()->setStretchLastSection(true);
+    tblWorker_->setMaximumHeight(140);  // the bars keep the most room
     schlange->addWidget(tblWorker_);
     lay->addWidget(grpSchlange_);
     grpSchlange_->setVisible(!schlangeUrl_.empty());

@@ -191,7 +191,6 @@ TEST_F(MersenneStatusFenster, ArbeitsschlangeDesServers) {
     EXPECT_EQ(tabelle->item(0, 0)->text(), "w0");
     EXPECT_EQ(tabelle->item(0, 2)->text(), "2");
     EXPECT_EQ(tabelle->item(1, 4)->text(), "1");
-    if (const char* bild = std::getenv("SW_BILDSCHIRMFOTO")) Offen<frmMersenneStatus>()->grab().save(bild);
 }
 
 }  // namespace
