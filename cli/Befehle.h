@@ -35,6 +35,9 @@ void MersSystemBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // teileranalyse: the primes q of a range and the Mersenne numbers they divide.
 void TeilerAnalyseBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 
+// work and worker: the shared work queue on a PostgreSQL server and the workers that empty it.
+void ArbeitBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
+
 // db: the Mersenne database (import, show, stats, merge).
 void DbBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // Its analyses (status, kclasses, gaps, bits, residues); vorbereiten chooses the database

@@ -42,6 +42,7 @@ int main(int argc, char** argv) {
     MersSystemBefehlAnmelden(app, auftrag);
     TeilerAnalyseBefehlAnmelden(app, auftrag);
     DbBefehlAnmelden(app, auftrag);
+    ArbeitBefehleAnmelden(app, auftrag);
     UlamBefehlAnmelden(app, auftrag);
     HashBefehlAnmelden(app, auftrag);
     GoldbachBefehlAnmelden(app, auftrag);

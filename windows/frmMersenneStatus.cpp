@@ -1,6 +1,9 @@
 #include "windows/frmMersenneStatus.h"
 
+#include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
+#include <QTableWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -8,9 +11,13 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdlib>
 
+#include "db/PgVerbindung.h"
+#include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
+#include "mersenne/ArbeitSchlange.h"
 #include "mersenne/basDB.h"
 #include "sieve/RasterTabellen.h"
 #include "windows/Bild.h"
@@ -23,6 +30,21 @@ namespace sw {
 namespace {
 
 QString q(const std::string& s) { return QString::fromStdString(s); }
+
+constexpr int kSchlangeTaktMs = 5000;
+
+// The shared queue's server: the address the workers are given (SW_DB), when it names one.
+std::string schlangenAdresse() {
+    const char* url = std::getenv("SW_DB");
+    return url != nullptr && IstPgUrl(url) ? url : "";
+}
+
+std::string dauerText(double s) {
+    if (s < 0) return Text(2344);
+    if (s < 120) return TextP1(2345, static_cast<long long>(s + 0.5));
+    if (s < 7200) return TextP1(2346, static_cast<long long>(s / 60 + 0.5));
+    return TextP1(2347, static_cast<long long>(s / 3600 + 0.5));
+}
 
 std::vector<frmMersenneStatus*>& offen() {
     static std::vector<frmMersenneStatus*> fenster;
@@ -57,6 +79,32 @@ frmMersenneStatus::frmMersenneStatus(QWidget* eltern) : Fenster("frmMersenneStat
     lay->addWidget(lblGesamt_);
     picAnzeige_ = Benannt(new Bild(mitte), "picAnzeige");
     lay->addWidget(picAnzeige_, 1);
+    schlangeUrl_ = schlangenAdresse();
+    // "&" would mark a shortcut in a group box title; addresses with parameters have it.
+    grpSchlange_ = Benannt(
+        new QGroupBox(q(TextP1(2340, UrlOhnePasswort(schlangeUrl_))).replace('&', "&&"), mitte), "grpSchlange");
+    auto* schlange = new QVBoxLayout(grpSchlange_);
+    lblSchlange_ = Benannt(new QLabel(grpSchlange_), "lblSchlange");
+    lblSchlange_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    schlange->addWidget(lblSchlange_);
+    tblWorker_ = Benannt(new QTableWidget(grpSchlange_), "tblWorker");
+    QStringList kopf;
+    for (int k : {2348, 2349, 2350, 2351, 2352, 2353}) kopf << q(Text(k));
+    tblWorker_->setColumnCount(int(kopf.size()));
+    tblWorker_->setHorizontalHeaderLabels(kopf);
+    tblWorker_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    tblWorker_->verticalHeader()->hide();
+    tblWorker_->horizontalHeader()->setStretchLastSection(true);
+    tblWorker_->setMaximumHeight(140);  // the bars keep the most room
+    schlange->addWidget(tblWorker_);
+    lay->addWidget(grpSchlange_);
+    grpSchlange_->setVisible(!schlangeUrl_.empty());
+    schlangeTakt_ = new QTimer(this);
+    connect(schlangeTakt_, &QTimer::timeout, this, Sicher([this] { SchlangeLesen(); }));
+    if (!schlangeUrl_.empty()) {
+        schlangeTakt_->start(kSchlangeTaktMs);
+        QTimer::singleShot(0, this, Sicher([this] { SchlangeLesen(); }));
+    }
     setCentralWidget(mitte);
     connect(btnGO, &QPushButton::clicked, this, Sicher([this] { Zeichnen(); }));
     connect(txtSkala_, &QLineEdit::returnPressed, this, Sicher([this] { Zeichnen(); }));
@@ -128,6 +176,39 @@ void frmMersenneStatus::malen() {
                                           : q(ZahlFormat(static_cast<long long>(erledigt)) + " / " + ZahlFormat(static_cast<long long>(primzahlen)) + "   " +
                                               AnteilText(erledigt, primzahlen)));
     SaeulenZeichnen(*picAnzeige_, diagramm_);
+}
+
+void frmMersenneStatus::SchlangeLesen() {
+    ArbeitStand s;
+    try {
+        PgVerbindung v(schlangeUrl_);
+        ArbeitSchemaAnlegen(v);  // a queue not filled yet reads as empty, not as an error
+        s = ArbeitStandLesen(v);
+    } catch (const Laufzeitfehler& e) {
+        lblSchlange_->setText(q(TextP1(2354, e.what())));
+        return;
+    }
+    QStringList zeilen;
+    zeilen << q(TextP1P2(2341, ZahlFormat(static_cast<long long>(s.offen)), ZahlFormat(static_cast<long long>(s.beansprucht))) +
+                ", " +
+                TextP1P2(2342, ZahlFormat(static_cast<long long>(s.fertig)), ZahlFormat(static_cast<long long>(s.treffer))));
+    zeilen << q(TextP1P2(2343, ZahlFormat(static_cast<long long>(s.einheitenJeStunde + 0.5)), dauerText(s.restSekunden)));
+    for (const ArbeitStand::Anspruch& a : s.ansprueche) {
+        zeilen << q(TextP1P2(2355, std::to_string(a.id) + " " + a.art + " " + a.bereich, a.worker) +
+                    (a.leaseRest < 0 ? " " + Text(2356) : ""));
+    }
+    lblSchlange_->setText(zeilen.join('\n'));
+    tblWorker_->setRowCount(int(s.worker.size()));
+    for (size_t i = 0; i < s.worker.size(); ++i) {
+        const ArbeitStand::Worker& w = s.worker[i];
+        const QStringList felder = {q(w.name),
+                                    q(ZahlFormat(static_cast<long long>(w.einheiten))),
+                                    q(ZahlFormat(static_cast<long long>(w.treffer))),
+                                    QString::number(w.einheitenJeStunde, 'f', 1),
+                                    QString::number(w.beansprucht),
+                                    q(w.zuletzt)};
+        for (int k = 0; k < felder.size(); ++k) tblWorker_->setItem(int(i), k, new QTableWidgetItem(felder[k]));
+    }
 }
 
 std::optional<QStringList> frmMersenneStatus::ListenText() {

@@ -2,7 +2,9 @@
 // segment, as a bar per stretch of txtSkala exponents (settled rows against primes). While it
 // is open, the running divisor search reports each new divisor (NewTeiler), and the bars
 // follow without reading the database again. The button "Klassen" opens the overview of the
-// divisors' classes for the same range.
+// divisors' classes for the same range. When the work is shared through a PostgreSQL server,
+// a box below shows its work queue: units open, in work and done, the workers with their
+// throughput and the expected end, read anew every few seconds.
 #pragma once
 
 #include <vector>
@@ -11,8 +13,11 @@
 #include "windows/Fenster.h"
 #include "windows/Saeulen.h"
 
+class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QTableWidget;
+class QTimer;
 
 namespace sw {
 
@@ -40,6 +45,9 @@ protected:
 
 private:
     void malen();
+    // Reads the queue from the server and fills the box; a server that does not answer is
+    // said in the box rather than by an error box every few seconds.
+    void SchlangeLesen();
 
     QLineEdit* txtSkala_;
     QLabel* lblGesamt_;
@@ -48,6 +56,11 @@ private:
     int64_t von_ = 0, bis_ = 0, skala_ = 1;
     std::vector<StatusStrecke> strecken_;
     SaeulenDiagramm diagramm_;
+    std::string schlangeUrl_;  // "" when the work is not shared through a server
+    QGroupBox* grpSchlange_;
+    QLabel* lblSchlange_;
+    QTableWidget* tblWorker_;
+    QTimer* schlangeTakt_;
 };
 
 }  // namespace sw

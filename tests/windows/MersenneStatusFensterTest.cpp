@@ -7,8 +7,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QToolButton>
 
 #include <filesystem>
@@ -16,6 +18,8 @@
 
 #include "GuiTestUmgebung.h"
 #include "MersenneBestand.h"
+#include "PgServer.h"
+#include "mersenne/ArbeitSchlange.h"
 #include "frame/Texte.h"
 #include "windows/Bild.h"
 #include "windows/Dialoge.h"
@@ -153,6 +157,40 @@ TEST_F(MersenneStatusFenster, OhneDatenbankEineMeldung) {
     Steuer<QPushButton>(analyse, "btnGO")->click();
     ASSERT_EQ(ui.meldungen.size(), 2u);
     EXPECT_EQ(ui.meldungen[1].text, Text(1872));
+}
+
+// With the work shared through a server, the window shows its queue as the server holds it:
+// units open, held and done, and each worker; the address never with its password.
+TEST_F(MersenneStatusFenster, ArbeitsschlangeDesServers) {
+    PgServer* server = PgServer::Gemeinsam();
+    if (server == nullptr) GTEST_SKIP() << PgServer::FehltGrund();
+    const std::string url = server->NeueDatenbank();
+    {
+        PgVerbindung v(url);
+        ArbeitSchemaAnlegen(v);
+        ASSERT_EQ(ArbeitHinzufuegen(v, ArbeitArt::Teiler, 1000, 3999, 1000, 500), 3);
+        const auto fertig = ArbeitBeanspruchen(v, "w0", 60, std::nullopt);
+        ArbeitErgebnis e;
+        e.treffer = 2;
+        ASSERT_TRUE(ArbeitAbschliessen(v, *fertig, "w0", e));
+        ASSERT_TRUE(ArbeitBeanspruchen(v, "w1", 60, std::nullopt));
+    }
+    ::setenv("SW_DB", url.c_str(), 1);
+    const bool offen = FensterOeffnen("frmMersenneStatus", -1, nullptr);
+    ::unsetenv("SW_DB");
+    ASSERT_TRUE(offen);
+    QApplication::processEvents();
+    auto* kasten = Suche<QGroupBox>("grpSchlange");
+    EXPECT_TRUE(kasten->isVisibleTo(kasten->window()));
+    EXPECT_EQ(kasten->title().toStdString().find(PgServer::Passwort()), std::string::npos);
+    const std::string text = Suche<QLabel>("lblSchlange")->text().toStdString();
+    EXPECT_NE(text.find(TextP1P2(2341, "1", "1") + ", " + TextP1P2(2342, "1", "2")), std::string::npos) << text;
+    EXPECT_NE(text.find(TextP1P2(2355, "2 divisors 2000..2999", "w1")), std::string::npos) << text;
+    auto* tabelle = Suche<QTableWidget>("tblWorker");
+    ASSERT_EQ(tabelle->rowCount(), 2);
+    EXPECT_EQ(tabelle->item(0, 0)->text(), "w0");
+    EXPECT_EQ(tabelle->item(0, 2)->text(), "2");
+    EXPECT_EQ(tabelle->item(1, 4)->text(), "1");
 }
 
 }  // namespace
