@@ -29,7 +29,7 @@ struct GoldbachFrage {
 };
 
 // The raster a number needs: its own limit unless the user chose one (at least 1000, the
-// smallest a run takes). A number that is none gets the smallest, and then its message.
+// smallest a run takes). A number that is refused gets the smallest, and then its message.
 void rasterFuer(const RasterWahl& wahl, int64_t bis) {
     RasterBereitstellen(wahl, Decimal(std::max<int64_t>(bis, 1000)));
 }
@@ -57,8 +57,11 @@ std::string jsonListe(std::vector<std::string>::const_iterator von, std::vector<
 }
 
 void zerlegen(const GoldbachFrage& f) {
-    // An odd or small N is refused on the smallest raster rather than after sieving up to it.
     const int64_t gelesen = zahlLesen(f.n);
+    // Without --limit the raster grows to N, so the window's message with its raster limit
+    // would name a bound that does not hold here.
+    if ((gelesen < 4 || gelesen % 2 != 0) && !RasterGewaehlt(f.raster))
+        throw CliFehler("goldbach: N must be an even whole number of at least 4, not " + f.n);
     rasterFuer(f.raster, gelesen >= 4 && gelesen % 2 == 0 ? gelesen : 0);
     const int64_t n = zahlPruefen(gelesen);
     AusgabePuffer aus;

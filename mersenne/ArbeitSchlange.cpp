@@ -3,24 +3,15 @@
 #include <algorithm>
 
 #include "frame/Laufzeitfehler.h"
-#include "frame/Texte.h"
+#include "db/PgSchema.h"
+#include "mersenne/PgSpeicher.h"
 
 namespace sw {
 
 namespace {
 
-// The schema steps of every part of SW on a server are serialised by one advisory lock and
-// numbered per part in t_Version; the queue takes part in both, so that it and the storage of
-// the Mersenne rows may meet an empty database in either order.
-constexpr const char* kSchemaSperre = "SELECT pg_advisory_xact_lock(230523)";
-constexpr int kArbeitVersion = 1;
-
-// t_Prim in the shape of the Mersenne table (part "mersenne", step 1), for a queue whose
-// database has not seen a single search yet.
-constexpr const char* kPrimSchema =
-    "CREATE TABLE IF NOT EXISTS t_Prim (Primzahl INTEGER PRIMARY KEY, Mersenne INTEGER NOT NULL DEFAULT 0, "
-    "Teiler TEXT, TeilerPot INTEGER, FaktorS TEXT, TimeStamp TEXT)";
-
+// The queue's tables, step 1 of the part "arbeit" (see PgSchema): a server may meet a worker
+// before any other program of SW, in either order.
 constexpr const char* kSchema =
     "CREATE TABLE IF NOT EXISTS t_Arbeit (id bigserial PRIMARY KEY, "
     "kind text NOT NULL CHECK (kind IN ('divisors', 'lucas', 'collatz')), "
@@ -130,28 +121,10 @@ std::optional<ArbeitArt> ArbeitArtLesen(const std::string& name) {
 }
 
 void ArbeitSchemaAnlegen(PgVerbindung& v) {
-    PgTransaktion t(v);
-    v.Ausfuehren(kSchemaSperre);
-    v.Skript("CREATE TABLE IF NOT EXISTS t_Version (Teil TEXT PRIMARY KEY, Version INTEGER NOT NULL)");
-    const auto stand = [&](const char* teil) {
-        const PgErgebnis e = v.Ausfuehren("SELECT Version FROM t_Version WHERE Teil = $1", {teil});
-        return e.Zeilen() > 0 ? e.Zahl(0, 0) : 0;
-    };
-    if (stand("mersenne") == 0) {
-        v.Skript(kPrimSchema);
-        v.Ausfuehren("INSERT INTO t_Version (Teil, Version) VALUES ('mersenne', 1)");
-    }
-    const int64_t arbeit = stand("arbeit");
-    // A queue of a newer program may mean something else by its columns: never write into it.
-    if (arbeit > kArbeitVersion)
-        throw Laufzeitfehler(PgFehlerNummer, TextP1P2(2357, v.Adresse(), std::to_string(arbeit)));
-    if (arbeit < kArbeitVersion) {
-        v.Skript(kSchema);
-        v.Ausfuehren("INSERT INTO t_Version (Teil, Version) VALUES ('arbeit', $1) "
-                     "ON CONFLICT (Teil) DO UPDATE SET Version = excluded.Version",
-                     {kArbeitVersion});
-    }
-    t.Festschreiben();
+    // The results of divisor and Lucas units go into the Mersenne table: it must exist first.
+    PgMersenneSchemaSicherstellen(v);
+    static const std::vector<PgSchemaSchritt> schritte = {{1, kSchema}};
+    PgSchemaSicherstellen(v, "arbeit", schritte);
 }
 
 int64_t ArbeitHinzufuegen(PgVerbindung& v, ArbeitArt art, uint64_t von, uint64_t bis, uint64_t breite,

@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "db/PgVerbindung.h"
 #include "frame/Texte.h"
@@ -33,11 +32,9 @@ QString q(const std::string& s) { return QString::fromStdString(s); }
 
 constexpr int kSchlangeTaktMs = 5000;
 
-// The shared queue's server: the address the workers are given (SW_DB), when it names one.
-std::string schlangenAdresse() {
-    const char* url = std::getenv("SW_DB");
-    return url != nullptr && IstPgUrl(url) ? url : "";
-}
+// The shared queue lives beside the Mersenne table: on the server of the option page, when
+// that names one.
+std::string schlangenAdresse() { return IstPgUrl(DbOrtEingabe()) ? DbOrtEingabe() : ""; }
 
 std::string dauerText(double s) {
     if (s < 0) return Text(2344);

@@ -39,9 +39,11 @@ TEST_F(GoldbachCli, KometUndAblehnungen) {
     EXPECT_EQ(inhalt.str().substr(0, 15), "n;r(n)\n4;1\n6;1\n");
     EXPECT_NE(inhalt.str().find("\n1000;28\n"), std::string::npos);
 
-    // The German box of the window as one line, naming the raster's limit.
-    for (const char* n : {"7", "2", "abc", "2.5", "1000002 --limit 1e6"})
-        Abgelehnt(std::string("goldbach ") + n, "zwischen 4 und");
+    // Without --limit the raster follows N, so only an odd or small N is refused, and no bound
+    // is named; with a limit the window's message names it.
+    for (const char* n : {"7", "2", "abc", "2.5"})
+        Abgelehnt(std::string("goldbach ") + n, "N must be an even whole number of at least 4");
+    Abgelehnt("goldbach 1000002 --limit 1e6", "zwischen 4 und 1.000.000");
     Abgelehnt("goldbach --comet 10 20", "--csv");
 }
 

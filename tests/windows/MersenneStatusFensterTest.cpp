@@ -20,6 +20,7 @@
 #include "MersenneBestand.h"
 #include "PgServer.h"
 #include "mersenne/ArbeitSchlange.h"
+#include "mersenne/basDB.h"
 #include "frame/Texte.h"
 #include "windows/Bild.h"
 #include "windows/Dialoge.h"
@@ -175,9 +176,10 @@ TEST_F(MersenneStatusFenster, ArbeitsschlangeDesServers) {
         ASSERT_TRUE(ArbeitAbschliessen(v, *fertig, "w0", e));
         ASSERT_TRUE(ArbeitBeanspruchen(v, "w1", 60, std::nullopt));
     }
-    ::setenv("SW_DB", url.c_str(), 1);
+    const std::string ort = DbOrtEingabe();
+    DbOrdnerSetzen(url);
     const bool offen = FensterOeffnen("frmMersenneStatus", -1, nullptr);
-    ::unsetenv("SW_DB");
+    DbOrdnerSetzen(ort);
     ASSERT_TRUE(offen);
     QApplication::processEvents();
     auto* kasten = Suche<QGroupBox>("grpSchlange");
