@@ -32,7 +32,9 @@ ZahlUrteil urteilVon(const Zerlegung& z) {
 Mpz AnalyseZahlLesen(const std::string& text) {
     const std::string t = Trimmen(text);
     if (!t.empty() && t.front() == '-') throw Laufzeitfehler(kEingabeFehler, Text(2290));
-    Mpz n(Formel2Hyp(t));
+    // A field that was left shows its formula behind the formula word; a typed text is a
+    // formula as it stands.
+    Mpz n(t.rfind(FormelWort(), 0) == 0 ? Formel2Hyp(t) : Auswerten(t));
     if (mpz_sgn(n.get()) == 0) throw Laufzeitfehler(kEingabeFehler, Text(2291));
     return n;
 }

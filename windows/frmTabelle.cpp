@@ -7,6 +7,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
