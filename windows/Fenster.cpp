@@ -473,12 +473,9 @@ void Fenster::IconAktion(int index) {
 }
 
 void Fenster::IconFensterAktion(const QString& tag) {
-    if (tag == "Table") TabelleZeigen();
-}
-
-void Fenster::TabelleZeigen() {
-    // A window that knows the fields of its rows gives them; other lists are split as they
-    // stand, at ";" and tabs.
+    if (tag != "Table") return;
+    // The table window for the window's list: a window that knows the fields of its rows gives
+    // them, other lists are split as they stand, at ";" and tabs.
     std::optional<QStringList> zeilen = ListenCsv();
     if (!zeilen) zeilen = ListenText();
     if (!zeilen || zeilen->isEmpty()) {

@@ -61,11 +61,8 @@ public:
     bool Laeuft() const { return laeuft_; }
 
 protected:
-    // Tags the window handles itself: "Nav0".."Nav5", "Table", "Font", "Open". The base opens
-    // the table window for "Table".
+    // Tags the window handles itself: "Nav0".."Nav5", "Table", "Font", "Open".
     virtual void IconFensterAktion(const QString& tag);
-    // The window's list (ListenCsv, else ListenText) in a new table window.
-    void TabelleZeigen();
     // Values beyond the common table (a sort order, ...): read and written with the others.
     virtual void ZusatzwerteLaden() {}
     virtual void ZusatzwerteSpeichern() {}
