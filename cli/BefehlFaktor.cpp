@@ -26,7 +26,9 @@ struct FaktorFrage {
 // Trial division up to here; rho and the curves find larger primes faster.
 const Decimal kProbeGrenze = Decimal(1000000);
 
-std::string jsonFaktoren(const Zerlegung& z) {
+}  // namespace
+
+std::string JsonFaktoren(const Zerlegung& z) {
     std::string liste;
     for (const Primfaktor& f : z.faktoren) {
         JsonObjekt j;
@@ -36,6 +38,8 @@ std::string jsonFaktoren(const Zerlegung& z) {
     }
     return "[" + liste + "]";
 }
+
+namespace {
 
 void zerlegen(const FaktorFrage& f) {
     const Hyp n = MpzZuHyp(ArgumentLesen(f.zahl, "N"));
@@ -49,7 +53,7 @@ void zerlegen(const FaktorFrage& f) {
     Terminal().FortschrittBeenden();
     if (f.json) {
         JsonObjekt j;
-        j.Zahl("n", ziffern).Roh("factors", jsonFaktoren(z));
+        j.Zahl("n", ziffern).Roh("factors", JsonFaktoren(z));
         j.Wahr("complete", z.Vollstaendig()).Wahr("proven", z.Bewiesen()).Wahr("stopped", z.abgebrochen);
         std::printf("%s\n", j.Ende().c_str());
     } else {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "frame/Decimal.h"
+#include "primality/Faktorisierung.h"
 
 namespace sw::cli {
 
@@ -17,6 +18,10 @@ void SiebBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 void AbfrageBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // factor: the prime factors of a number of any size.
 void FaktorBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
+// The factors of a factorisation as a JSON array (factor, exponent, prime, proven).
+std::string JsonFaktoren(const Zerlegung& z);
+// analyse: one number at a glance; series: a formula in n over a range with Bateman-Horn.
+void AnalyseBefehleAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // eval: evaluates a formula and prints its value and digit count.
 void EvalBefehlAnmelden(CLI::App& app, std::function<void()>& auftrag);
 // test: one number of any size by one method of the prime test, proven or probable.

@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
     SiebBefehlAnmelden(app, auftrag);
     AbfrageBefehleAnmelden(app, auftrag);
     FaktorBefehlAnmelden(app, auftrag);
+    AnalyseBefehleAnmelden(app, auftrag);
     EvalBefehlAnmelden(app, auftrag);
     TestBefehlAnmelden(app, auftrag);
     CollatzBaumBefehlAnmelden(app, auftrag);

@@ -111,7 +111,7 @@ ExtremSucheFenster::ExtremSucheFenster(const QString& klassenName, QWidget* elte
 }
 
 void ExtremSucheFenster::Fertigstellen() {
-    IconsAufbauen("");
+    IconsAufbauen("T");
     FensterLaden(q(AktivesFenster));
     if (!opt3N_[0]->isChecked() && !opt3N_[1]->isChecked()) opt3N_[0]->setChecked(true);
     if (!txtIK_->text().startsWith('i') && !txtIK_->text().startsWith('k')) txtIK_->setText("i =");

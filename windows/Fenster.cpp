@@ -40,6 +40,7 @@
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 #include "windows/Steuerwerte.h"
+#include "windows/frmTabelle.h"
 
 namespace sw {
 
@@ -471,7 +472,18 @@ void Fenster::IconAktion(int index) {
     }
 }
 
-void Fenster::IconFensterAktion(const QString&) {}
+void Fenster::IconFensterAktion(const QString& tag) {
+    if (tag != "Table") return;
+    // The table window for the window's list: a window that knows the fields of its rows gives
+    // them, other lists are split as they stand, at ";" and tabs.
+    std::optional<QStringList> zeilen = ListenCsv();
+    if (!zeilen) zeilen = ListenText();
+    if (!zeilen || zeilen->isEmpty()) {
+        MsgInfo(1104);
+        return;
+    }
+    frmTabelle::Oeffnen(*zeilen, windowTitle(), this);
+}
 
 std::optional<QString> Fenster::speicherZiel(const QString& filter, const QString& endung) {
     DateiAnfrage anfrage{true, windowTitle(), q(ProgrammPfad), QString(), filter};

@@ -15,6 +15,7 @@
 #include "windows/frmCollatzNachkommaSuche.h"
 #include "windows/frmAnalyseMersenne.h"
 #include "windows/frmAnalysePrimMersenne.h"
+#include "windows/frmAnalyseSW.h"
 #include "windows/frmAnzeige.h"
 #include "windows/frmCollatzTab.h"
 #include "windows/frmExtremSuche.h"
@@ -85,6 +86,7 @@ std::map<QString, FensterFabrik>& fabriken() {
         {"frmCalculator", [](int, QWidget* cockpit) { frmCalculator::Oeffnen(cockpit); }},
         {"frmAnalyseMersenne", modeless<frmAnalyseMersenne>()},
         {"frmAnalysePrimMersenne", modeless<frmAnalysePrimMersenne>()},
+        {"frmAnalyseSW", modeless<frmAnalyseSW>()},
         {"frmAbstaendeGrafik", modeless<frmAbstaendeGrafik>()},
         {"frmAnzeige", modeless<frmAnzeige>()},
         {"frmCollatzBig", modeless<frmCollatzBig>()},

@@ -41,7 +41,7 @@ frmAnalyseMersenne::frmAnalyseMersenne(QWidget* eltern) : Fenster("frmAnalyseMer
     connect(btnGO, &QPushButton::clicked, this, Sicher([this] { Analysieren(); }));
     resize(420, 520);
     // The common icons only: save the chart or list (.CSV, .TXT), the picture (PNG), print.
-    IconsAufbauen(QString());
+    IconsAufbauen("T");
     FensterLaden(QString::fromStdString(AktivesFenster));
 }
 

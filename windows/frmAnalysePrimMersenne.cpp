@@ -53,7 +53,7 @@ frmAnalysePrimMersenne::frmAnalysePrimMersenne(QWidget* eltern) : Fenster("frmAn
     connect(btnGO, &QPushButton::clicked, this, Sicher([this] { Analysieren(); }));
     resize(620, 520);
     // The common icons only: save the chart or list (.CSV, .TXT), the picture (PNG), print.
-    IconsAufbauen(QString());
+    IconsAufbauen("T");
     FensterLaden(QString::fromStdString(AktivesFenster));
 }
 

@@ -100,7 +100,7 @@ frmCollatzFolgen::frmCollatzFolgen(QWidget* eltern) : Fenster("frmCollatzFolgen"
     connect(txtOffset_, &QLineEdit::editingFinished, this, [this] { formelZeigen(); });
     connect(txtFormel_, &QLineEdit::textEdited, this, [this](const QString& t) { eigeneFormel_ = t.toStdString(); });
     resize(760, 600);
-    IconsAufbauen("");  // print, save (TXT, CSV), photo, calculator, close
+    IconsAufbauen("T");  // table, print, save (TXT, CSV), photo, calculator, close
     FensterLaden(QString::fromStdString(AktivesFenster));
     ruheText_ = btnGO_->text();
     if (gruppe->checkedId() < 0) optOperation_[0]->setChecked(true);

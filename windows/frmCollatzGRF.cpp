@@ -127,7 +127,7 @@ frmCollatzGRF::frmCollatzGRF(QWidget* eltern) : Fenster("frmCollatzGRF", eltern)
     for (QLineEdit* f : {txtVon_, txtPlus_, txtNav_, txtLinienAbstand_})
         connect(f, &QLineEdit::textEdited, this, [this] { geaendert_ = true; });
     resize(1100, 700);
-    FensterLaden(QString::fromStdString(AktivesFenster), "N");
+    FensterLaden(QString::fromStdString(AktivesFenster), "NT");
     ruheText_ = btnGO_->text();
 }
 
@@ -327,7 +327,11 @@ void frmCollatzGRF::DistanzGehen(int nummer, bool vor) {
 }
 
 void frmCollatzGRF::IconFensterAktion(const QString& tag) {
-    if (tag.startsWith("Nav")) Navigieren(tag.mid(3).toInt());
+    if (tag.startsWith("Nav")) {
+        Navigieren(tag.mid(3).toInt());
+    } else {
+        Fenster::IconFensterAktion(tag);
+    }
 }
 
 void frmCollatzGRF::FarbeWaehlen(int index) {

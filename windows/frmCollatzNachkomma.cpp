@@ -79,7 +79,7 @@ frmCollatzNachkomma::frmCollatzNachkomma(QWidget* eltern) : Fenster("frmCollatzN
     });
     connect(btnSuchen_, &QPushButton::clicked, this, Sicher([this] { Suchen(); }));
     resize(900, 600);
-    IconsAufbauen("");  // print, save (TXT, CSV), photo, calculator, close
+    IconsAufbauen("T");  // table, print, save (TXT, CSV), photo, calculator, close
     FensterLaden(q(AktivesFenster));
 }
 

@@ -129,7 +129,7 @@ frmCollatzTab::frmCollatzTab(QWidget* eltern) : Fenster("frmCollatzTab", eltern)
     connect(txtPot2_, &QLineEdit::textChanged, lblErgebnis_, &QLabel::clear);
     connect(txtPot6_, &QLineEdit::textChanged, lblErgebnis_, &QLabel::clear);
 
-    IconsAufbauen("");
+    IconsAufbauen("T");
     FensterLaden(q(AktivesFenster));
     if (!optVerfahren_[0]->isChecked() && !optVerfahren_[1]->isChecked()) optVerfahren_[0]->setChecked(true);
     if (lblPlusMinus_->text() != "-") lblPlusMinus_->setText("+");

@@ -13,6 +13,7 @@
 #include "arith/HypText.h"
 #include "arith/basHyper.h"
 #include "frame/Oberflaeche.h"
+#include "frame/Texte.h"
 #include "frame/Zahlformat.h"
 #include "frame/basZentral.h"
 #include "windows/OberflaecheDesktop.h"
@@ -34,6 +35,19 @@ const char* artSchluessel(FaktorArt art) {
 }
 
 }  // namespace
+
+QString FaktorStandText(const FaktorStand& stand) {
+    static const char* const schluessel[] = {"StufeProbe", "StufeRho", "StufeEcm", "StufeBeweis", "StufeFertig"};
+    std::string wert;
+    SektionWert(SektionLesen("FaktorAnzeige"), schluessel[int(stand.stufe)], wert);
+    QString text = q(WertZerlegen(wert).text);
+    text.replace("#P1", QString::number(stand.stellen));
+    text.replace("#P2", q(ZahlFormat(stand.b1)));
+    text.replace("#P3", QString::number(stand.kurve));
+    text.replace("#P4", QString::number(stand.kurven));
+    text.replace("#P5", QString::number(stand.gefunden));
+    return text;
+}
 
 frmFaktorAnzeige::frmFaktorAnzeige(QWidget* eltern) : Fenster("frmFaktorAnzeige", eltern) {
     setWindowFlag(Qt::Window);
@@ -134,14 +148,7 @@ void frmFaktorAnzeige::ergebnisZeigen(const Zerlegung& z, double sekunden) {
 }
 
 void frmFaktorAnzeige::StandMelden(const FaktorStand& stand) {
-    static const char* const schluessel[] = {"StufeProbe", "StufeRho", "StufeEcm", "StufeBeweis", "StufeFertig"};
-    QString text = SektionsText(schluessel[int(stand.stufe)]);
-    text.replace("#P1", QString::number(stand.stellen));
-    text.replace("#P2", q(ZahlFormat(stand.b1)));
-    text.replace("#P3", QString::number(stand.kurve));
-    text.replace("#P4", QString::number(stand.kurven));
-    text.replace("#P5", QString::number(stand.gefunden));
-    lblStufe_->setText(text);
+    lblStufe_->setText(FaktorStandText(stand));
     const bool ecm = stand.stufe == FaktorStufe::Ecm;
     prgKurven_->setVisible(ecm);
     if (ecm) {

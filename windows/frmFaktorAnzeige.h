@@ -15,6 +15,10 @@ class QPushButton;
 
 namespace sw {
 
+// The line that tells where a factorisation stands (the stage, the ECM level and its curves),
+// from the texts of this window; the number analysis shows the same line.
+QString FaktorStandText(const FaktorStand& stand);
+
 class frmFaktorAnzeige : public Fenster, private FaktorBeobachter {
     Q_OBJECT
 public:

@@ -99,7 +99,7 @@ frmMersSystem::frmMersSystem(QWidget* eltern) : Fenster("frmMersSystem", eltern)
     connect(btnAnalyse, &QPushButton::clicked, this,
             Sicher([this] { FensterOeffnen("frmMersenneAnalyse", -1, this); }));
     resize(560, 620);
-    IconsAufbauen("");
+    IconsAufbauen("T");
     FensterLaden(QString::fromStdString(AktivesFenster));
 }
 

@@ -76,7 +76,7 @@ frmMersenneAnalyse::frmMersenneAnalyse(QWidget* eltern) : Fenster("frmMersenneAn
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this] { SaeulenZeichnen(*picAnzeige_, diagramm_); });
     resize(900, 460);
     // The common icons only: save the chart or list (.CSV, .TXT), the picture (PNG), print.
-    IconsAufbauen(QString());
+    IconsAufbauen("T");
     FensterLaden(QString::fromStdString(AktivesFenster));
 }
 

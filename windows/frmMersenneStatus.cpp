@@ -113,7 +113,7 @@ frmMersenneStatus::frmMersenneStatus(QWidget* eltern) : Fenster("frmMersenneStat
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this] { malen(); });
     resize(800, 450);
     // The common icons only: save the chart or list (.CSV, .TXT), the picture (PNG), print.
-    IconsAufbauen(QString());
+    IconsAufbauen("T");
     FensterLaden(QString::fromStdString(AktivesFenster));
     offen().push_back(this);
 }

@@ -60,7 +60,7 @@ frmStatistikMersenne::frmStatistikMersenne(QWidget* eltern) : Fenster("frmStatis
     connect(picAnzeige_, &Bild::GroesseGeaendert, this, [this] { SaeulenZeichnen(*picAnzeige_, diagramm_); });
     resize(860, 420);
     // The common icons only: save the chart or list (.CSV, .TXT), the picture (PNG), print.
-    IconsAufbauen(QString());
+    IconsAufbauen("T");
     FensterLaden(QString::fromStdString(AktivesFenster));
 }
 

@@ -109,7 +109,7 @@ frmTeilerAnalyse::frmTeilerAnalyse(QWidget* eltern) : Fenster("frmTeilerAnalyse"
     connect(btnGO_, &QPushButton::clicked, this, Sicher([this] { Starten(); }));
     connect(chkSpezial_, &QCheckBox::toggled, this, [this] { spezialUmschalten(); });
     resize(560, 560);
-    IconsAufbauen("");
+    IconsAufbauen("T");
     FensterLaden(q(AktivesFenster));
     spezialUmschalten();
 }

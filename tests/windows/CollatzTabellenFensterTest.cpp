@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 
 #include "GuiTestUmgebung.h"
 #include "collatz/basCollatz.h"
@@ -34,7 +35,12 @@ class CollatzTabellenFenster : public GuiTest {
             EXPECT_TRUE(a.filter.contains("CSV"));
             return std::optional<QString>(ziel);
         };
-        f.IconAktion(1);
+        for (int i = 0; auto* knopf = Steuer<QToolButton>(&f, "btnIcon", i); ++i) {
+            if (knopf->property("tag").toString() == "Save") {
+                f.IconAktion(i);
+                break;
+            }
+        }
         DateiDialogHook = nullptr;
         QFile datei(ziel);
         EXPECT_TRUE(datei.open(QIODevice::ReadOnly));
