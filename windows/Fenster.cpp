@@ -477,12 +477,13 @@ void Fenster::IconFensterAktion(const QString& tag) {
     // The table window for the window's list: a window that knows the fields of its rows gives
     // them, other lists are split as they stand, at ";" and tabs.
     std::optional<QStringList> zeilen = ListenCsv();
+    const bool kopfZeile = zeilen.has_value();  // a window's CSV begins with its column names
     if (!zeilen) zeilen = ListenText();
-    if (!zeilen || zeilen->isEmpty()) {
+    if (!zeilen || zeilen->size() <= (kopfZeile ? 1 : 0)) {
         MsgInfo(1104);
         return;
     }
-    frmTabelle::Oeffnen(*zeilen, windowTitle(), this);
+    frmTabelle::Oeffnen(*zeilen, windowTitle(), this, kopfZeile);
 }
 
 std::optional<QString> Fenster::speicherZiel(const QString& filter, const QString& endung) {

@@ -53,29 +53,40 @@ frmTabelle::frmTabelle(QWidget* eltern) : Fenster("frmTabelle", eltern) {
     resize(640, 480);
 }
 
-frmTabelle* frmTabelle::Oeffnen(const QStringList& zeilen, const QString& herkunft, QWidget* eltern) {
+frmTabelle* frmTabelle::Oeffnen(const QStringList& zeilen, const QString& herkunft, QWidget* eltern,
+                                bool kopfZeile) {
     auto* w = new frmTabelle(eltern);
     w->setAttribute(Qt::WA_DeleteOnClose);
     w->setWindowTitle(w->windowTitle() + " - " + herkunft);
-    w->Fuellen(zeilen);
+    w->Fuellen(zeilen, kopfZeile);
     w->ShowMe(-1);
     return w;
 }
 
-void frmTabelle::Fuellen(const QStringList& zeilen) {
+void frmTabelle::Fuellen(const QStringList& zeilen, bool kopfZeile) {
     std::vector<std::string> text;
     for (const QString& z : zeilen) text.push_back(z.toStdString());
     zeilen_ = TabelleZerlegen(text);
+    kopf_.clear();
+    if (kopfZeile && !zeilen_.empty()) {
+        kopf_ = zeilen_.front();
+        zeilen_.erase(zeilen_.begin());
+    }
     sortSpalte_ = -1;
     zeigen();
 }
 
 void frmTabelle::zeigen() {
-    size_t spalten = 0;
+    size_t spalten = kopf_.size();
     for (const TabellenZeile& z : zeilen_) spalten = std::max(spalten, z.size());
     tabelle_->clear();
     tabelle_->setRowCount(int(zeilen_.size()));
     tabelle_->setColumnCount(int(spalten));
+    if (!kopf_.empty()) {
+        QStringList namen;
+        for (const std::string& k : kopf_) namen << q(k);
+        tabelle_->setHorizontalHeaderLabels(namen);
+    }
     for (size_t r = 0; r < zeilen_.size(); ++r) {
         for (size_t c = 0; c < zeilen_[r].size(); ++c) {
             auto* zelle = new QTableWidgetItem(q(zeilen_[r][c]));
@@ -96,18 +107,27 @@ void frmTabelle::Sortieren(int spalte) {
     tabelle_->horizontalHeader()->setSortIndicator(spalte, absteigend_ ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
-void frmTabelle::Kopieren() { QApplication::clipboard()->setText(zeilenText(zeilen_, "\t").join('\n') + '\n'); }
+std::vector<TabellenZeile> frmTabelle::alleZellen() const {
+    std::vector<TabellenZeile> alle;
+    if (!kopf_.empty()) alle.push_back(kopf_);
+    alle.insert(alle.end(), zeilen_.begin(), zeilen_.end());
+    return alle;
+}
 
-void frmTabelle::CsvSichern() { CsvSpeichern(TabelleCsv(zeilen_)); }
+void frmTabelle::Kopieren() {
+    QApplication::clipboard()->setText(zeilenText(alleZellen(), "\t").join('\n') + '\n');
+}
+
+void frmTabelle::CsvSichern() { CsvSpeichern(TabelleCsv(alleZellen())); }
 
 std::optional<QStringList> frmTabelle::ListenText() {
     if (zeilen_.empty()) return std::nullopt;
-    return zeilenText(zeilen_, "\t");
+    return zeilenText(alleZellen(), "\t");
 }
 
 std::optional<QStringList> frmTabelle::ListenCsv() {
     if (zeilen_.empty()) return std::nullopt;
-    return QString::fromStdString(TabelleCsv(zeilen_)).split('\n', Qt::SkipEmptyParts);
+    return QString::fromStdString(TabelleCsv(alleZellen())).split('\n', Qt::SkipEmptyParts);
 }
 
 }  // namespace sw

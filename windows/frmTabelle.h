@@ -19,10 +19,13 @@ class frmTabelle : public Fenster {
 public:
     explicit frmTabelle(QWidget* eltern = nullptr);
 
-    // A new window with zeilen as its table, titled after the window it comes from.
-    static frmTabelle* Oeffnen(const QStringList& zeilen, const QString& herkunft, QWidget* eltern);
+    // A new window with zeilen as its table, titled after the window it comes from. With
+    // kopfZeile the first line names the columns (the CSV of a window): it heads the table and
+    // stays first when the rows are sorted, copied or saved.
+    static frmTabelle* Oeffnen(const QStringList& zeilen, const QString& herkunft, QWidget* eltern,
+                               bool kopfZeile = false);
 
-    void Fuellen(const QStringList& zeilen);
+    void Fuellen(const QStringList& zeilen, bool kopfZeile = false);
     // Sorts by column spalte; the same column again turns the order round.
     void Sortieren(int spalte);
     // The whole table, tab-separated, to the clipboard.
@@ -39,6 +42,10 @@ private:
     QTableWidget* tabelle_;
     QPushButton* btnKopieren_;
     QPushButton* btnCsv_;
+    // The head (if any) and the rows, as they are copied and saved.
+    std::vector<TabellenZeile> alleZellen() const;
+
+    TabellenZeile kopf_;
     std::vector<TabellenZeile> zeilen_;
     int sortSpalte_ = -1;
     bool absteigend_ = false;
