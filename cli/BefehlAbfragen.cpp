@@ -9,6 +9,7 @@
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
+#include "MpiVerteilung.h"
 #include "primality/PrimSuche.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
@@ -56,6 +57,9 @@ void zaehlen(const Frage& f) {
     if (f.tupel) return TupelZaehlenAusgeben(f.zahlen[0], f.zahlen[1], f.raster, f.json);
     const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "count");
     if (SekundaerWeg(bis, f.raster)) return SekundaerZaehlenAusgeben(von, bis, f.json);
+    // A range within the raster is answered by process 0 alone: every process would have to
+    // sieve the whole raster first.
+    if (NebenRang()) return;
     rasterBis(f, bis, "count");
     const Decimal anzahl = PrimAnzahl(von, bis);
     JsonObjekt j;
@@ -66,6 +70,7 @@ void zaehlen(const Frage& f) {
 void auflisten(const Frage& f) {
     const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "primes");
     if (SekundaerWeg(bis, f.raster)) return SekundaerAuflisten(von, bis, f.json);
+    if (NebenRang()) return;
     rasterBis(f, bis, "primes");
     AusgabePuffer aus;
     uint64_t anzahl = 0;

@@ -4,13 +4,16 @@
 // the Collatz windows and prints their text, then the counts. collatz-count gives the steps
 // (a multiplication and a halving one step each) and multiplications of every start of a
 // range below 2^64 (every S-th start with --step, the columns of the step-count graphic), or
-// with --summary the totals and the delay records of the range.
+// with --summary the totals and the delay records of the range. In an MPI job collatz-count
+// spreads its starts over the processes piece by piece; process 0 prints what one would.
 #include <cstdio>
 #include <functional>
 #include <memory>
 
 #include "Befehle.h"
+#include "BereichStuecke.h"
 #include "CliUmgebung.h"
+#include "MpiVerteilung.h"
 #include "collatz/CollatzBereich.h"
 #include "collatz/basCollatz.h"
 #include "frame/Oberflaeche.h"
@@ -95,57 +98,112 @@ void startsZaehlen(uint64_t von, uint64_t bis, uint64_t schritt, CollatzRegel re
     }
 }
 
+// The totals of a run of starts and its delay records (a start whose step count exceeds those
+// of all starts before it). The records of a whole range are those records of its pieces that
+// exceed everything before their piece, so pieces combine exactly in order.
+struct CollatzSumme {
+    uint64_t starts = 0, schritte = 0, mult = 0;
+    std::vector<std::pair<uint64_t, uint64_t>> rekorde;  // start, steps
+
+    void start(uint64_t n, const CollatzGang& g) {
+        const uint64_t s = uint64_t(g.tSchritte + g.ungerade);
+        ++starts;
+        schritte += s;
+        mult += uint64_t(g.ungerade);
+        if (rekorde.empty() || s > rekorde.back().second) rekorde.push_back({n, s});
+    }
+    void dazu(const CollatzSumme& stueck) {
+        starts += stueck.starts;
+        schritte += stueck.schritte;
+        mult += stueck.mult;
+        for (const auto& r : stueck.rekorde) {
+            if (rekorde.empty() || r.second > rekorde.back().second) rekorde.push_back(r);
+        }
+    }
+    std::string daten() const {
+        std::string d;
+        for (uint64_t w : {starts, schritte, mult, uint64_t(rekorde.size())}) WortAnhaengen(d, w);
+        for (const auto& [n, s] : rekorde) WortAnhaengen(d, n), WortAnhaengen(d, s);
+        return d;
+    }
+    static CollatzSumme aus(const std::string& d) {
+        CollatzSumme c;
+        size_t pos = 0;
+        c.starts = WortLesen(d, pos);
+        c.schritte = WortLesen(d, pos);
+        c.mult = WortLesen(d, pos);
+        c.rekorde.resize(WortLesen(d, pos));
+        for (auto& [n, s] : c.rekorde) n = WortLesen(d, pos), s = WortLesen(d, pos);
+        return c;
+    }
+};
+
+void summeAusgeben(const CollatzFrage& f, uint64_t von, uint64_t bis, const CollatzSumme& c) {
+    std::string rekorde;
+    for (const auto& [n, s] : c.rekorde) {
+        if (!rekorde.empty()) rekorde += f.json ? "," : "\n";
+        rekorde += f.json ? "[" + std::to_string(n) + "," + std::to_string(s) + "]"
+                          : "  " + std::to_string(n) + " " + std::to_string(s);
+    }
+    const std::string anzahl = std::to_string(c.starts);
+    if (f.json) {
+        JsonObjekt j;
+        j.Zahl("from", std::to_string(von)).Zahl("to", std::to_string(bis)).Zahl("starts", anzahl);
+        j.Zahl("steps", std::to_string(c.schritte)).Zahl("mult", std::to_string(c.mult));
+        j.Roh("records", "[" + rekorde + "]");
+        std::printf("%s\n", j.Ende().c_str());
+        return;
+    }
+    std::printf("starts: %s\nsteps: %llu\nmult: %llu\nrecords (start steps):\n%s\n", anzahl.c_str(),
+                static_cast<unsigned long long>(c.schritte), static_cast<unsigned long long>(c.mult), rekorde.c_str());
+}
+
 void collatzZaehlen(const CollatzFrage& f) {
     const CollatzRegel regel = regelLesen("collatz-count", f.regel);
     const uint64_t von = bis64(f.start, "FROM"), bis = bis64(f.bis, "TO");
     if (von > bis) throw CliFehler("collatz-count: FROM must not exceed TO");
     if (f.schritt < 1) throw CliFehler("collatz-count: --step must be at least 1");
     const uint64_t schritt = uint64_t(f.schritt);
+    // Pieces are runs of consecutive starts: the k-th start is von + k * schritt.
+    const uint64_t letzter = (bis - von) / schritt;
+    const uint64_t n = letzter == UINT64_MAX ? StartStuecke(letzter) : StartStuecke(letzter + 1);
+    const auto stueckZaehlen = [&](uint64_t i, const JeStart& jeStart) {
+        const auto [x, y] = Stueck(0, letzter, n, i);
+        if (x <= y) startsZaehlen(von + uint64_t(x) * schritt, von + uint64_t(y) * schritt, schritt, regel, jeStart);
+    };
     if (!f.zusammenfassung) {
         AusgabePuffer aus;
-        if (f.json) aus.text("{\"from\":" + std::to_string(von) + ",\"to\":" + std::to_string(bis) + ",\"starts\":[");
-        startsZaehlen(von, bis, schritt, regel, [&](uint64_t n, const CollatzGang& g) {
-            aus.text(f.json ? (n == von ? "[" : ",[") : "");
-            aus.zahl(n);
-            aus.text(f.json ? "," : " ");
-            aus.zahl(uint64_t(g.tSchritte + g.ungerade));
-            aus.text(f.json ? "," : " ");
-            aus.zahl(uint64_t(g.ungerade));
-            aus.text(f.json ? "]" : "\n");
+        if (f.json && !NebenRang()) aus.text("{\"from\":" + std::to_string(von) + ",\"to\":" + std::to_string(bis) + ",\"starts\":[");
+        ListeVerteilen(aus, n, f.json, [&](AusgabePuffer& a, uint64_t i) {
+            uint64_t anzahl = 0;
+            stueckZaehlen(i, [&](uint64_t start, const CollatzGang& g) {
+                a.text(f.json ? (anzahl++ ? ",[" : "[") : "");
+                a.zahl(start);
+                a.text(f.json ? "," : " ");
+                a.zahl(uint64_t(g.tSchritte + g.ungerade));
+                a.text(f.json ? "," : " ");
+                a.zahl(uint64_t(g.ungerade));
+                a.text(f.json ? "]" : "\n");
+            });
+            return anzahl;
         });
+        if (NebenRang()) return;
         Terminal().FortschrittBeenden();
         if (f.json) aus.text("]}\n");
         return;
     }
-    uint64_t summe = 0, summeMult = 0, rekord = 0;
-    bool erster = true;
-    std::string rekorde;
-    uint64_t anzahlStarts = 0;
-    startsZaehlen(von, bis, schritt, regel, [&](uint64_t n, const CollatzGang& g) {
-        ++anzahlStarts;
-        const uint64_t s = uint64_t(g.tSchritte + g.ungerade);
-        summe += s;
-        summeMult += uint64_t(g.ungerade);
-        if (erster || s > rekord) {
-            rekord = s;
-            if (!rekorde.empty()) rekorde += f.json ? "," : "\n";
-            rekorde += f.json ? "[" + std::to_string(n) + "," + std::to_string(s) + "]"
-                              : "  " + std::to_string(n) + " " + std::to_string(s);
-            erster = false;
-        }
-    });
+    CollatzSumme gesamt;
+    StueckeVerteilen(
+        n,
+        [&](uint64_t i) {
+            CollatzSumme c;
+            stueckZaehlen(i, [&](uint64_t start, const CollatzGang& g) { c.start(start, g); });
+            return c.daten();
+        },
+        [&](uint64_t, const std::string& daten) { gesamt.dazu(CollatzSumme::aus(daten)); });
+    if (NebenRang()) return;
     Terminal().FortschrittBeenden();
-    const std::string anzahl = std::to_string(anzahlStarts);
-    if (f.json) {
-        JsonObjekt j;
-        j.Zahl("from", std::to_string(von)).Zahl("to", std::to_string(bis)).Zahl("starts", anzahl);
-        j.Zahl("steps", std::to_string(summe)).Zahl("mult", std::to_string(summeMult));
-        j.Roh("records", "[" + rekorde + "]");
-        std::printf("%s\n", j.Ende().c_str());
-        return;
-    }
-    std::printf("starts: %s\nsteps: %llu\nmult: %llu\nrecords (start steps):\n%s\n", anzahl.c_str(),
-                static_cast<unsigned long long>(summe), static_cast<unsigned long long>(summeMult), rekorde.c_str());
+    summeAusgeben(f, von, bis, gesamt);
 }
 
 }  // namespace

@@ -4,13 +4,16 @@
 // pass over the numbers up to that root, on a primary raster only up to its own root; a longer
 // one builds the primary raster up to the root once (a block file of that size in the working
 // folder is loaded instead of sieved), since each window would repeat the pass.
-// twins lists the prime pairs of any range the same way.
+// twins lists the prime pairs of any range the same way. In an MPI job the three spread the
+// range over the processes piece by piece; process 0 prints what one process would print.
 #include <cstdio>
 #include <cstring>
 #include <memory>
 
 #include "Befehle.h"
+#include "BereichStuecke.h"
 #include "CliUmgebung.h"
+#include "MpiVerteilung.h"
 #include "frame/Oberflaeche.h"
 #include "frame/basZentral.h"
 #include "sieve/PrimaerLauf.h"
@@ -28,8 +31,9 @@ constexpr uint64_t FensterWoerter = uint64_t(1) << 23;
 // The greatest sieving prime of the windows: the root of the end of the range.
 uint64_t siebgrenze = 0;
 
-// The primary raster the range [von, bis] needs, and siebgrenze.
-void WurzelRasterBereitstellen(const Decimal& von, const Decimal& bis, const std::string& frage) {
+// The primary raster the range [von, bis] needs, and siebgrenze. Cut into pieces, the range
+// takes the raster up to the root, since every piece would repeat the pass beyond it.
+void WurzelRasterBereitstellen(const Decimal& von, const Decimal& bis, const std::string& frage, bool stueckweise = false) {
     const Decimal wurzel = GanzeWurzel(bis);
     if (wurzel > GroessteGrenze()) {
         throw CliFehler(frage + ": " + bis.Text() + " lies beyond the square of the largest raster (" +
@@ -37,7 +41,7 @@ void WurzelRasterBereitstellen(const Decimal& von, const Decimal& bis, const std
     }
     const Decimal grenze = wurzel < Decimal(1000) ? Decimal(1000) : wurzel;
     siebgrenze = uint64_t(grenze.AlsInt64());
-    const bool einFenster = bis - von < Decimal(int64_t(FensterWoerter * RasterSpanne));
+    const bool einFenster = !stueckweise && bis - von < Decimal(int64_t(FensterWoerter * RasterSpanne));
     const Decimal wurzelDerWurzel = GanzeWurzel(grenze) + Decimal(1);
     const Decimal raster = !einFenster ? grenze : wurzelDerWurzel < Decimal(1000) ? Decimal(1000) : wurzelDerWurzel;
     if (!PrimaerLauf(raster, einFenster ? MethodeProdukt : MethodeBereichBeschaffen)) {
@@ -46,7 +50,10 @@ void WurzelRasterBereitstellen(const Decimal& von, const Decimal& bis, const std
     }
 }
 
-void segmentGemeldet(void*, uint64_t, uint64_t) { DoEvents(); }
+void segmentGemeldet(void*, uint64_t, uint64_t) {
+    DoEvents();
+    MpiNebenbei();
+}
 
 // Sieves [a, bis] (a above the primary raster) window by window; fenster(von, bis) is called
 // with the part of each window that belongs to the range, in ascending order.
@@ -93,6 +100,31 @@ void FensterweiseSieben(unsigned __int128 a, unsigned __int128 bis,
 
 namespace {
 
+// The primes of [von, bis] from the raster and the windows.
+uint64_t anzahlVonBis(Zahl128 von, Zahl128 bis) {
+    const Zahl128 g = PrimaerGrenze.Betrag();
+    uint64_t anzahl = 0;
+    if (von > bis) return 0;
+    if (von <= g) anzahl = uint64_t(PrimAnzahl(Decimal(von), Decimal(std::min(bis, g))).AlsInt64());
+    if (bis > g) {
+        FensterDurchlaufen(std::max(von, g + 1), bis, [&](Zahl128 x, Zahl128 y) {
+            anzahl += SekundaerAnzahl(Decimal(x), Decimal(y));
+        });
+    }
+    return anzahl;
+}
+
+// A list over [von, bis] in n pieces (one process: n = 1) whose entries schreiben(aus, x, y)
+// writes for the piece x..y and counts; process 0 prints them in order.
+template <typename Schreiben>
+uint64_t listeAusgeben(AusgabePuffer& aus, const Decimal& von, const Decimal& bis, uint64_t n, bool json,
+                       Schreiben&& schreiben) {
+    return ListeVerteilen(aus, n, json, [&](AusgabePuffer& a, uint64_t i) {
+        const auto [x, y] = Stueck(von.Betrag(), bis.Betrag(), n, i);
+        return schreiben(a, x, y);
+    });
+}
+
 std::string kopf(const Decimal& von, const Decimal& bis) {
     return "{\"from\":" + von.Text() + ",\"to\":" + bis.Text() + ",\"limit\":" + std::to_string(siebgrenze);
 }
@@ -106,33 +138,44 @@ struct Paare {
 
 void zwillinge(const Paare& f) {
     if (!f.methode.empty() || !f.test.empty()) {
+        if (NebenRang()) return;
         ZwillingeMitVerfahren(f.zahlen[0], f.zahlen[1], f.methode.empty() ? "3" : f.methode, f.test, f.raster, f.json);
         return;
     }
     const auto [von, bis] = BereichLesen(f.zahlen[0], f.zahlen[1], "twins");
+    const uint64_t n = SekundaerWeg(bis, f.raster) ? PrimStuecke(von, bis) : 1;
+    if (n == 1 && NebenRang()) return;
     if (SekundaerWeg(bis, f.raster)) {
-        WurzelRasterBereitstellen(von, bis, "twins");
+        WurzelRasterBereitstellen(von, bis, "twins", n > 1);
     } else {
         RasterBereitstellen(f.raster, bis < Decimal(1000) ? Decimal(1000) : bis);
         siebgrenze = uint64_t(PrimaerGrenze.AlsInt64());
         ImRasterPruefen(bis, "twins");
     }
     AusgabePuffer aus;
-    if (f.json) aus.text(kopf(von, bis) + ",\"twins\":[");
-    uint64_t anzahl = 0;
-    Zahl128 vorige = 0;
-    PrimzahlenBereich(von, bis, [&](Zahl128 p) {
-        if (vorige && p - vorige == 2) {
-            if (f.json) aus.text(anzahl ? ",[" : "[");
-            aus.zahl(vorige);
-            aus.text(f.json ? "," : " ");
-            aus.zahl(p);
-            aus.text(f.json ? "]" : "\n");
-            if ((++anzahl & 0xFFFF) == 0) aus.leeren();
-        }
-        vorige = p;
-        return true;
+    if (f.json && !NebenRang()) aus.text(kopf(von, bis) + ",\"twins\":[");
+    // A piece x..y holds the pairs whose smaller member lies in it, so a pair across a border
+    // is found once, by the piece of its smaller member, which looks 2 beyond its end.
+    const Zahl128 ende = bis.Betrag();
+    const uint64_t anzahl = listeAusgeben(aus, von, bis, n, f.json, [&](AusgabePuffer& a, Zahl128 x, Zahl128 y) {
+        uint64_t paare = 0;
+        Zahl128 vorige = 0;
+        if (x > y) return paare;
+        PrimzahlenBereich(Decimal(x), Decimal(std::min(y + 2, ende)), [&](Zahl128 p) {
+            if (vorige && p - vorige == 2 && vorige <= y) {
+                if (f.json) a.text(paare ? ",[" : "[");
+                a.zahl(vorige);
+                a.text(f.json ? "," : " ");
+                a.zahl(p);
+                a.text(f.json ? "]" : "\n");
+                if ((++paare & 0xFFFF) == 0) a.leeren();
+            }
+            vorige = p;
+            return true;
+        });
+        return paare;
     });
+    if (NebenRang()) return;
     if (f.json) {
         aus.text("],\"count\":");
         aus.zahl(anzahl);
@@ -148,15 +191,28 @@ bool SekundaerWeg(const Decimal& bis, const RasterWahl& wahl) {
 }
 
 void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json) {
-    WurzelRasterBereitstellen(von, bis, "count");
+    const uint64_t n = PrimStuecke(von, bis);
+    if (n == 1 && NebenRang()) return;
+    WurzelRasterBereitstellen(von, bis, "count", n > 1);
     Decimal anzahl;
-    if (von <= PrimaerGrenze) anzahl = PrimAnzahl(von, bis < PrimaerGrenze ? bis : PrimaerGrenze);
-    if (bis > PrimaerGrenze) {
-        uint64_t fenster = 0;
-        FensterDurchlaufen(std::max(von.Betrag(), PrimaerGrenze.Betrag() + 1), bis.Betrag(), [&](Zahl128 x, Zahl128 y) {
-            fenster += SekundaerAnzahl(Decimal(x), Decimal(y));
-        });
-        anzahl += Decimal(fenster);
+    if (n == 1) {
+        anzahl = Decimal(anzahlVonBis(von.Betrag(), bis.Betrag()));
+    } else {
+        uint64_t summe = 0;
+        StueckeVerteilen(
+            n,
+            [&](uint64_t i) {
+                const auto [x, y] = Stueck(von.Betrag(), bis.Betrag(), n, i);
+                std::string daten;
+                WortAnhaengen(daten, anzahlVonBis(x, y));
+                return daten;
+            },
+            [&](uint64_t, const std::string& daten) {
+                size_t pos = 0;
+                summe += WortLesen(daten, pos);
+            });
+        if (NebenRang()) return;
+        anzahl = Decimal(summe);
     }
     if (json) {
         std::printf("{\"from\":%s,\"to\":%s,\"count\":%s,\"limit\":%s}\n", von.Text().c_str(), bis.Text().c_str(),
@@ -167,20 +223,27 @@ void SekundaerZaehlenAusgeben(const Decimal& von, const Decimal& bis, bool json)
 }
 
 void SekundaerAuflisten(const Decimal& von, const Decimal& bis, bool json) {
-    WurzelRasterBereitstellen(von, bis, "primes");
+    const uint64_t n = PrimStuecke(von, bis);
+    if (n == 1 && NebenRang()) return;
+    WurzelRasterBereitstellen(von, bis, "primes", n > 1);
     AusgabePuffer aus;
-    if (json) aus.text(kopf(von, bis) + ",\"primes\":[");
-    uint64_t anzahl = 0;
-    PrimzahlenBereich(von, bis, [&](Zahl128 p) {
-        if (json && anzahl) aus.text(",");
-        aus.zahl(p);
-        if (!json) aus.text("\n");
-        if ((++anzahl & 0xFFFF) == 0) {
-            aus.leeren();
-            DoEvents();
-        }
-        return true;
+    if (json && !NebenRang()) aus.text(kopf(von, bis) + ",\"primes\":[");
+    const uint64_t anzahl = listeAusgeben(aus, von, bis, n, json, [&](AusgabePuffer& a, Zahl128 x, Zahl128 y) {
+        uint64_t zahlen = 0;
+        if (x > y) return zahlen;
+        PrimzahlenBereich(Decimal(x), Decimal(y), [&](Zahl128 p) {
+            if (json && zahlen) a.text(",");
+            a.zahl(p);
+            if (!json) a.text("\n");
+            if ((++zahlen & 0xFFFF) == 0) {
+                a.leeren();
+                DoEvents();
+            }
+            return true;
+        });
+        return zahlen;
     });
+    if (NebenRang()) return;
     if (json) {
         aus.text("],\"count\":");
         aus.zahl(anzahl);

@@ -184,7 +184,11 @@ void AusgabePuffer::zahl(unsigned __int128 v) {
 void AusgabePuffer::text(const std::string& s) {
     if (pos_ + s.size() > sizeof daten_) leeren();
     if (s.size() > sizeof daten_) {
-        std::fwrite(s.data(), 1, s.size(), stdout);
+        if (ziel_) {
+            *ziel_ += s;
+        } else {
+            std::fwrite(s.data(), 1, s.size(), stdout);
+        }
         return;
     }
     std::memcpy(daten_ + pos_, s.data(), s.size());
@@ -192,6 +196,11 @@ void AusgabePuffer::text(const std::string& s) {
 }
 
 void AusgabePuffer::leeren() {
+    if (ziel_) {
+        ziel_->append(daten_, pos_);
+        pos_ = 0;
+        return;
+    }
     Terminal().FortschrittBeenden();
     std::fwrite(daten_, 1, pos_, stdout);
     pos_ = 0;

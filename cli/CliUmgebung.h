@@ -90,6 +90,9 @@ private:
 // finding the numbers. Numbers up to 2^128; the progress line on stderr is cleared first.
 class AusgabePuffer {
 public:
+    AusgabePuffer() = default;
+    // Into a text instead of stdout (a piece of a job spread over processes).
+    explicit AusgabePuffer(std::string* ziel) : ziel_(ziel) {}
     ~AusgabePuffer() { leeren(); }
     void zahl(unsigned __int128 v);
     void text(const std::string& s);
@@ -98,6 +101,7 @@ public:
 private:
     char daten_[1 << 16];
     size_t pos_ = 0;
+    std::string* ziel_ = nullptr;
 };
 
 }  // namespace sw::cli

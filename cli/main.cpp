@@ -11,6 +11,7 @@
 
 #include "Befehle.h"
 #include "CliUmgebung.h"
+#include "MpiVerteilung.h"
 #include "frame/Laufzeitfehler.h"
 #include "frame/Programm.h"
 #include "frame/Texte.h"
@@ -19,6 +20,9 @@
 int main(int argc, char** argv) {
     using namespace sw;
     using namespace sw::cli;
+    // In an MPI job every process runs this main; process 0 speaks, the others help with the
+    // range commands (MpiVerteilung.h).
+    MpiSitzung mpi(argc, argv);
     CLI::App app{"sw-cli - SW, die Werkbank für experimentelle Zahlentheorie, im Terminal"};
     app.set_version_flag("--version", "sw-cli " + VersionText());
     app.require_subcommand(0, 1);
@@ -58,12 +62,16 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) json = json || std::string_view(argv[i]) == "--json";
     auto fehler = [json](const std::string& text) {
         Terminal().FortschrittBeenden();
+        // Before a piece job all processes meet the same refusal and process 0 tells it; inside
+        // one, the failing process tells it and the job ends with it.
+        if (NebenRang() && !MpiVerteiltLaeuft()) return 1;
         if (json) {
             JsonObjekt j;
             std::printf("%s\n", j.Text("error", text).Ende().c_str());
         }
         std::fflush(stdout);
         std::cerr << "sw-cli: " << text << std::endl;
+        if (MpiVerteiltLaeuft()) MpiJobAbbrechen(1);
         return 1;
     };
     try {
@@ -78,6 +86,7 @@ int main(int argc, char** argv) {
             if (app.get_subcommands().empty()) std::cout << app.help();
             return 0;
         }
+        if (NebenRang() && !MpiBefehl(app.get_subcommands().front()->get_name())) return 0;
         Terminal().JaSetzen(ja);
         auftrag();
         Terminal().FortschrittBeenden();
