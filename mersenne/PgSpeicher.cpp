@@ -87,11 +87,12 @@ PrimZeile PgSpeicher::Lesen(int32_t p) {
     PrimZeile z;
     if (e.Zeilen() == 0) return z;
     z.vorhanden = true;
-    z.mersenne = int32_t(e.Zahl(0, 0));
-    z.teiler = e.IstNull(0, 1) ? "0" : e.Text(0, 1);
-    z.teilerPot = int32_t(e.Zahl(0, 2));
-    z.faktorS = e.Text(0, 3);
-    z.zeitstempel = e.Text(0, 4);
+    const int zeile = 0;  // the primary key allows one
+    z.mersenne = int32_t(e.Zahl(zeile, 0));
+    z.teiler = e.IstNull(zeile, 1) ? "0" : e.Text(zeile, 1);
+    z.teilerPot = int32_t(e.Zahl(zeile, 2));
+    z.faktorS = e.Text(zeile, 3);
+    z.zeitstempel = e.Text(zeile, 4);
     return z;
 }
 
