@@ -9,6 +9,7 @@
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
+#include <cmath>
 #include <cstdio>
 
 #include "distribution/Bereichsgang.h"
@@ -129,15 +130,18 @@ void frmCount::darstellen() {
     List1_->addItem(q(SektionsText("Kopf").toStdString()));
     for (int32_t k = 0; k < TupelArten; ++k) {
         const double e = TupelSchaetzung(k, a, b);
-        std::snprintf(zeile, sizeof zeile, "%-22s %16s %18.1f %8.4f", SektionsText(QString("Art%1").arg(k)).toUtf8().constData(),
-                      ZahlFormat(Decimal(n[k])).c_str(), e, e > 0 ? double(n[k]) / e : 0.0);
+        std::snprintf(zeile, sizeof zeile, "%-22s %16s %18s %8s", SektionsText(QString("Art%1").arg(k)).toUtf8().constData(),
+                      ZahlFormat(Decimal(n[k])).c_str(), ZahlFormat(static_cast<long long>(std::llround(e))).c_str(),
+                      QString::number(e > 0 ? double(n[k]) / e : 0.0, 'f', 4).replace('.', ',').toUtf8().constData());
         List1_->addItem(q(zeile));
     }
     if (b >= 2) {
-        std::snprintf(zeile, sizeof zeile, "%-22s %16s %18.1f", "R(x)", "", RiemannR(b) - (a <= 2 ? 0 : RiemannR(a - 1)));
+        const double r = RiemannR(b) - (a <= 2 ? 0 : RiemannR(a - 1));
+        std::snprintf(zeile, sizeof zeile, "%-22s %16s %18s", "R(x)", "", ZahlFormat(static_cast<long long>(std::llround(r))).c_str());
         List1_->addItem(q(zeile));
     }
     List1_->addItem("");
+    List1_->addItem(SektionsText("KopfDekaden"));
     for (size_t i = 0; i < z.Dekaden().size(); ++i) {
         std::string t = zahl(z.DekadenAnfang(i)) + " – " +
                         zahl(i + 1 < z.Dekaden().size() ? z.DekadenAnfang(i + 1) - 1 : z.Bis()) + ":";
