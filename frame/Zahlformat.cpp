@@ -73,6 +73,14 @@ std::string ZahlFormat(double v) {
     return formatieren(s, true);
 }
 
+std::string KommaZahl(double v, int stellen) {
+    char puffer[64];
+    std::snprintf(puffer, sizeof puffer, "%.*f", stellen, v);
+    std::string s = puffer;
+    for (char& c : s) if (c == '.') c = ',';
+    return s;
+}
+
 std::string ZahlFormatRoh(const std::string& v) { return formatieren(v, false); }
 
 std::string ZahlFormatLong(int32_t n) { return gruppieren(std::to_string(n)); }

@@ -17,6 +17,8 @@ std::string ZahlFormat(const std::string& v);
 std::string ZahlFormat(const Decimal& v);
 std::string ZahlFormat(long long v);
 std::string ZahlFormat(double v);
+// A measured value for the display: stellen places behind a decimal comma, ungrouped.
+std::string KommaZahl(double v, int stellen);
 // A plain digit text grouped from the right by FormatZeichen every FormatAnzahl digits;
 // linear in the length, so that a million digits group in a millisecond.
 std::string ZiffernGruppieren(const std::string& ziffern);

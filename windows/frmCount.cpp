@@ -132,7 +132,7 @@ void frmCount::darstellen() {
         const double e = TupelSchaetzung(k, a, b);
         std::snprintf(zeile, sizeof zeile, "%-22s %16s %18s %8s", SektionsText(QString("Art%1").arg(k)).toUtf8().constData(),
                       ZahlFormat(Decimal(n[k])).c_str(), ZahlFormat(static_cast<long long>(std::llround(e))).c_str(),
-                      QString::number(e > 0 ? double(n[k]) / e : 0.0, 'f', 4).replace('.', ',').toUtf8().constData());
+                      KommaZahl(e > 0 ? double(n[k]) / e : 0.0, 4).c_str());
         List1_->addItem(q(zeile));
     }
     if (b >= 2) {

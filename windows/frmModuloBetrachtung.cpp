@@ -154,19 +154,16 @@ void frmModuloBetrachtung::Zaehlen() {
     };
     const bool ganz = BereichGehen(von->Betrag(), bis->Betrag(), teil(true), teil(false));
     ergebnis_ = std::move(z);
-    char zahl[40];
-    std::snprintf(zahl, sizeof zahl, "%.2f", ergebnis_->ChiQuadrat());
-    std::string text = TextP1P2(2147, zahl, std::to_string(ergebnis_->Klassen().size() - 1));
+    std::string text = TextP1P2(2147, KommaZahl(ergebnis_->ChiQuadrat(), 2), std::to_string(ergebnis_->Klassen().size() - 1));
     if (!ganz) text += " – " + Text(2265);
     lblChi_->setText(q(text));
     List1_->clear();
     const double gesamt = double(ergebnis_->ImGanzen());
     for (uint64_t r : ergebnis_->Klassen()) {
-        std::snprintf(zahl, sizeof zahl, "%.5f", gesamt > 0 ? double(ergebnis_->Anzahl(r)) / gesamt : 0);
-        List1_->addItem(q(std::to_string(r) + ": " + ZahlFormat(Decimal(ergebnis_->Anzahl(r))) + "  " + zahl));
+        const std::string anteil = KommaZahl(gesamt > 0 ? double(ergebnis_->Anzahl(r)) / gesamt : 0, 5);
+        List1_->addItem(q(std::to_string(r) + ": " + ZahlFormat(Decimal(ergebnis_->Anzahl(r))) + "  " + anteil));
     }
-    std::snprintf(zahl, sizeof zahl, "%.5f", 1.0 / double(ergebnis_->Klassen().size()));
-    List1_->addItem(q("1/φ(m) = " + std::string(zahl)));
+    List1_->addItem(q("1/φ(m) = " + KommaZahl(1.0 / double(ergebnis_->Klassen().size()), 5)));
     lstWechsel_->clear();
     for (const Fuehrungswechsel& w : ergebnis_->Wechsel()) {
         lstWechsel_->addItem(q(ZahlFormat(Decimal(w.p)) + " → " +

@@ -111,7 +111,7 @@ void frmPrimAbstandAb::Suchen() {
         start, frage,
         [&](const LueckenZeile& z) {
             const std::string p = ziffern(z.p);
-            std::snprintf(zeile, sizeof zeile, "  %8llu  %8.4f%s%s", (unsigned long long)z.luecke, z.merit,
+            std::snprintf(zeile, sizeof zeile, "  %8llu  %8s%s%s", (unsigned long long)z.luecke, KommaZahl(z.merit, 4).c_str(),
                           z.rekord ? "  *" : "", z.bewiesen ? "" : "  (?)");
             auto* eintrag = new QListWidgetItem(q(ZahlFormat(p) + zeile));
             // A record gap: larger than every gap before it in this walk.
