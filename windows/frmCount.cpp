@@ -22,6 +22,7 @@
 #include "frame/basZentral.h"
 #include "sieve/basSekundaer.h"
 #include "views/RasterVorhanden.h"
+#include "windows/BereichsFortschritt.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
@@ -32,19 +33,6 @@ namespace {
 QString q(const std::string& s) { return QString::fromStdString(s); }
 std::string zahl(Zahl128 v) { return ZahlFormat(Decimal(v)); }
 
-// The progress of a walk over [von, bis]: the share of the whole from the part being counted.
-struct Stand {
-    QLabel* label;
-    double start, von, bis, teilVon = 0, teilBis = 0;
-};
-
-bool melden(void* kontext, double anteil) {
-    auto* s = static_cast<Stand*>(kontext);
-    const double hier = s->teilVon + anteil * (s->teilBis - s->teilVon);
-    s->label->setText(q(ZeitText(s->start, hier, s->von, s->bis)));
-    DoEvents();
-    return !Abbruch;
-}
 
 }  // namespace
 
@@ -105,13 +93,13 @@ void frmCount::Zaehlen() {
         lblFortschritt_->clear();
     });
     ergebnis_.emplace(von->Betrag(), bis->Betrag());
-    Stand stand{lblFortschritt_, Timer(), von->Double(), bis->Double()};
+    BereichsFortschritt stand{lblFortschritt_, Timer(), von->Double(), bis->Double()};
     auto teil = [&](bool primaer) {
         return [&, primaer](Zahl128 a, Zahl128 b) {
             stand.teilVon = double(a);
             stand.teilBis = double(b);
-            return primaer ? TupelPrimaerZaehlen(*ergebnis_, a, b, melden, &stand)
-                           : TupelSekundaerZaehlen(*ergebnis_, a, b, melden, &stand);
+            return primaer ? TupelPrimaerZaehlen(*ergebnis_, a, b, BereichsFortschrittMelden, &stand)
+                           : TupelSekundaerZaehlen(*ergebnis_, a, b, BereichsFortschrittMelden, &stand);
         };
     };
     vollstaendig_ = BereichGehen(von->Betrag(), bis->Betrag(), teil(true), teil(false));

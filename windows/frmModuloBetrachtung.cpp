@@ -24,6 +24,7 @@
 #include "sieve/basSekundaer.h"
 #include "views/RasterVorhanden.h"
 #include "windows/Bild.h"
+#include "windows/BereichsFortschritt.h"
 #include "windows/OberflaecheDesktop.h"
 #include "windows/Steuerelemente.h"
 
@@ -36,17 +37,6 @@ QString q(const std::string& s) { return QString::fromStdString(s); }
 // Points of the race curve: more than any picture is wide, so that each column has its own.
 constexpr int32_t KurvenPunkte = 2000;
 
-struct Stand {
-    QLabel* label;
-    double start, von, bis, teilVon = 0, teilBis = 0;
-};
-
-bool melden(void* kontext, double anteil) {
-    auto* s = static_cast<Stand*>(kontext);
-    s->label->setText(q(ZeitText(s->start, s->teilVon + anteil * (s->teilBis - s->teilVon), s->von, s->bis)));
-    DoEvents();
-    return !Abbruch;
-}
 
 }  // namespace
 
@@ -144,12 +134,12 @@ void frmModuloBetrachtung::Zaehlen() {
         btnGO_->setText(ruheText_);
         lblFortschritt_->clear();
     });
-    Stand stand{lblFortschritt_, Timer(), von->Double(), bis->Double()};
+    BereichsFortschritt stand{lblFortschritt_, Timer(), von->Double(), bis->Double()};
     auto teil = [&](bool primaer) {
         return [&, primaer](Zahl128 x, Zahl128 y) {
             stand.teilVon = double(x);
             stand.teilBis = double(y);
-            return primaer ? RestklassenPrimaer(*z, x, y, melden, &stand) : RestklassenSekundaer(*z, x, y, melden, &stand);
+            return primaer ? RestklassenPrimaer(*z, x, y, BereichsFortschrittMelden, &stand) : RestklassenSekundaer(*z, x, y, BereichsFortschrittMelden, &stand);
         };
     };
     const bool ganz = BereichGehen(von->Betrag(), bis->Betrag(), teil(true), teil(false));

@@ -159,6 +159,7 @@ TEST_F(ArbeitTest, GetoeteteWorkerHinterlassenDasErgebnisDesEinzelLaufs) {
 }
 
 TEST_F(ArbeitTest, VieleAbschuesseBeiVierWorkern) {
+    // Twenty kills and restarts take about 35 s; the three-worker test above runs every time.
     if (std::getenv("SW_LANGE_TESTS") == nullptr) GTEST_SKIP() << "SW_LANGE_TESTS=1 runs it";
     Abschuesse(100000, 160000, 60000, 2000, 4, 20);
 }

@@ -15,6 +15,7 @@ protected:
     void SetUp() override {
         CliBasis::SetUp();
 #if !defined(SW_MPI_GEBAUT)
+        // MPI is optional at build time; without it sw-cli has no range pieces to compare.
         GTEST_SKIP() << "sw-cli is built without MPI (SW_MPI off or no MPI found)";
 #elif defined(SW_SANITIZE_GEBAUT)
         GTEST_SKIP() << "OpenMPI's own leaks and probes fail the sanitizers; the release build runs these";
@@ -90,6 +91,7 @@ TEST_F(MpiCliTest, NurProzessNullSpricht) {
 
 // Above 2^64 a narrow window's sieving primes cost more than its numbers: it stays one piece.
 TEST_F(MpiCliTest, GrosseBereicheWieEinProzess) {
+    // Each run above 2^64 spends seconds on its sieving primes alone; the small ranges run always.
     if (std::getenv("SW_LANGE_TESTS") == nullptr) GTEST_SKIP() << "SW_LANGE_TESTS=1 runs it";
     WieEinProzess("count 1000000000000 1001000000000");
     WieEinProzess("count 100000000000000000000 100000000000010000000");

@@ -164,6 +164,8 @@ std::string PgServer::NeueDatenbank() {
 void PgTest::SetUp() {
     SwTest::SetUp();
     PgServer* server = PgServer::Gemeinsam();
+    // Without the PostgreSQL server binaries there is no real server to test against, and a
+    // mocked one would prove nothing; the reason names what is missing.
     if (server == nullptr) GTEST_SKIP() << PgServer::FehltGrund();
     url = server->NeueDatenbank();
 }
