@@ -43,4 +43,21 @@ bool BereichGehen(Zahl128 von, Zahl128 bis, const std::function<bool(Zahl128, Za
     return true;
 }
 
+std::optional<RasterStrecke> PrimaerStrecke(Zahl128 von, Zahl128 bis) {
+    if (PrimaerRaster.empty()) return std::nullopt;
+    bis = std::min(bis, PrimaerGrenze.Betrag());
+    if (von > bis) return std::nullopt;
+    const uint64_t letztes = std::min<uint64_t>(PrimaerRaster.size(), uint64_t(bis / RasterSpanne) + 1);
+    return RasterStrecke{PrimaerRaster.data(), uint64_t(von / RasterSpanne), letztes, 0, bis};
+}
+
+std::optional<RasterStrecke> SekundaerStrecke(Zahl128 von, Zahl128 bis) {
+    const Zahl128 basis0 = SekundaerStart.Betrag();
+    if (SekundaerRaster.empty() || bis < basis0 || von > bis) return std::nullopt;
+    const uint64_t erstes = von > basis0 ? uint64_t((von - basis0) / RasterSpanne) : 0;
+    const uint64_t letztes = uint64_t(std::min<Zahl128>(SekundaerRaster.size(), (bis - basis0) / RasterSpanne + 1));
+    if (erstes >= letztes) return std::nullopt;
+    return RasterStrecke{SekundaerRaster.data(), erstes, letztes, basis0, bis};
+}
+
 }  // namespace sw

@@ -4,7 +4,9 @@
 // as the raster reaches.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "frame/Decimal.h"
 
@@ -21,5 +23,17 @@ bool BereichExakt(const Decimal& bis);
 // memory ("SW - Speicher" shown).
 bool BereichGehen(Zahl128 von, Zahl128 bis, const std::function<bool(Zahl128, Zahl128)>& primaer,
                   const std::function<bool(Zahl128, Zahl128)>& fenster);
+
+// The words of a raster that hold [von, bis]: words erstes .. letztes - 1 of woerter, word w
+// holding basis + 120w ..; bis cut to what the raster holds.
+struct RasterStrecke {
+    const uint32_t* woerter;
+    uint64_t erstes, letztes;
+    Zahl128 basis, bis;
+};
+// Of the primary raster (its last word may hold bits above the limit that were never sieved,
+// so bis is cut at the limit) and of the secondary window; nothing if none of [von, bis] is in it.
+std::optional<RasterStrecke> PrimaerStrecke(Zahl128 von, Zahl128 bis);
+std::optional<RasterStrecke> SekundaerStrecke(Zahl128 von, Zahl128 bis);
 
 }  // namespace sw

@@ -1,5 +1,7 @@
 #include "distribution/Restklassen.h"
 
+#include "distribution/Bereichsgang.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -94,20 +96,13 @@ bool RestklassenPrimaer(RestklassenZaehlung& z, Zahl128 von, Zahl128 bis, Restkl
     for (uint32_t klein : {2u, 3u, 5u}) {
         if (Zahl128(klein) >= von && Zahl128(klein) <= bis) z.Prim(klein);
     }
-    if (PrimaerRaster.empty()) return true;
-    bis = std::min(bis, PrimaerGrenze.Betrag());
-    if (von > bis) return true;
-    const uint64_t letztes = std::min<uint64_t>(PrimaerRaster.size(), uint64_t(bis / RasterSpanne) + 1);
-    return inBloecken(z, PrimaerRaster.data(), uint64_t(von / RasterSpanne), letztes, 0, von, bis, melden, kontext);
+    const std::optional<RasterStrecke> s = PrimaerStrecke(von, bis);
+    return !s || inBloecken(z, s->woerter, s->erstes, s->letztes, s->basis, von, s->bis, melden, kontext);
 }
 
 bool RestklassenSekundaer(RestklassenZaehlung& z, Zahl128 von, Zahl128 bis, RestklassenMelder melden, void* kontext) {
-    const Zahl128 basis0 = SekundaerStart.Betrag();
-    if (SekundaerRaster.empty() || bis < basis0 || von > bis) return true;
-    const uint64_t erstes = von > basis0 ? uint64_t((von - basis0) / RasterSpanne) : 0;
-    const uint64_t letztes = uint64_t(std::min<Zahl128>(SekundaerRaster.size(), (bis - basis0) / RasterSpanne + 1));
-    if (erstes >= letztes) return true;
-    return inBloecken(z, SekundaerRaster.data(), erstes, letztes, basis0, von, bis, melden, kontext);
+    const std::optional<RasterStrecke> s = SekundaerStrecke(von, bis);
+    return !s || inBloecken(z, s->woerter, s->erstes, s->letztes, s->basis, von, s->bis, melden, kontext);
 }
 
 }  // namespace sw
