@@ -26,6 +26,7 @@ std::optional<std::vector<TeilerErgebnisZeile>> TeilerEinheitRechnen(uint32_t vo
                                                                      const EinheitWeiter& weiter) {
     std::vector<TeilerErgebnisZeile> aus;
     static const PrimZeile leer;
+    TeilerSuche suche(3);
     // false when weiter stopped the search of p
     auto nehmen = [&](uint32_t p) {
         TeilerErgebnisZeile e;
@@ -34,7 +35,7 @@ std::optional<std::vector<TeilerErgebnisZeile>> TeilerEinheitRechnen(uint32_t vo
         const PrimZeile& alt = g == gespeichert.end() ? leer : g->second;
         const uint64_t KGeprueft = uint64_t(std::max<int64_t>(0, TeilerPotWert(alt.teilerPot)));
         if (aIsInMers(Long(p)) == 0 && alt.mersenne == 0 && KZiel > KGeprueft) {
-            TeilerSuche suche(p);
+            suche.Exponent(p);
             bool gestoppt = false;
             const TeilerFund f = suche.TeilerSuchen(KGeprueft, KZiel, [&](uint64_t) {
                 gestoppt = weiter && !weiter();

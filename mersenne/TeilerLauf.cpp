@@ -115,9 +115,9 @@ private:
             return;
         }
         ++befund.gesucht;
-        TeilerSuche suche(p);
+        suche_.Exponent(p);
         const TeilerFund f =
-            suche.TeilerSuchen(uint64_t(KGeprueft), a_.KZiel, [&](uint64_t k) { return nachgeben(p, k); });
+            suche_.TeilerSuchen(uint64_t(KGeprueft), a_.KZiel, [&](uint64_t k) { return nachgeben(p, k); });
         switch (f.ergebnis) {
         case TeilerErgebnis::Gefunden: {
             const std::string q = Decimal::ausBreit(Decimal::Breit(f.q)).Text();
@@ -189,6 +189,7 @@ private:
     const TeilerLaufAuftrag& a_;
     TeilerLaufAnzeige* anzeige_;
     TeilerStatistik statistik_;
+    TeilerSuche suche_{3};  // one for all exponents, so that its buffers stay
     uint32_t intervall_ = UINT32_MAX;
     double gegeben_ = Timer();
     uint32_t seitYield_ = 0;

@@ -44,14 +44,18 @@ const std::vector<SiebPrim>& siebPrimzahlen() {
 
 }  // namespace
 
-TeilerSuche::TeilerSuche(uint32_t p) : p_(p), Schritt2P(Zahl128(2) * p) {
+TeilerSuche::TeilerSuche(uint32_t p) { Exponent(p); }
+
+void TeilerSuche::Exponent(uint32_t p) {
+    p_ = p;
+    Schritt2P = Zahl128(2) * p;
     // q = 2kp + 1 must be 1 or 7 mod 8 (2 is a square mod q) and must not be divisible by 3.
+    klassen_ = 0;
     for (uint32_t c = 0; c < 12; ++c) {
         const uint64_t q = 2ull * c * p + 1;
         const uint64_t acht = q % 8;
         if ((acht == 1 || acht == 7) && q % 3 != 0) KRest[klassen_++] = c;
     }
-    tabelle_.reserve(siebPrimzahlen().size());
 }
 
 // The sieve grows with the width of the k range: a prime r saves about width / 12r tests, and

@@ -34,6 +34,11 @@ public:
     // p an odd prime below 2^31.
     explicit TeilerSuche(uint32_t p);
 
+    // Turns the search to another exponent and keeps the buffers: a walk over thousands of
+    // exponents would otherwise give a few hundred kilobytes back to the system and fault
+    // them in again for each one.
+    void Exponent(uint32_t p);
+
     // Tries every k with KGeprueft < k <= KZiel, and no other. Stops at the first segment with
     // a divisor and gives its smallest one. weiter may be empty.
     TeilerFund TeilerSuchen(uint64_t KGeprueft, uint64_t KZiel, const TeilerWeiter& weiter = {});
@@ -52,8 +57,8 @@ private:
     // Sieves class klasse over j in [jVon, jBis) and appends the surviving k.
     void KlasseWeiter(int klasse, uint64_t jVon, uint64_t jBis);
 
-    uint32_t p_;
-    Zahl128 Schritt2P;                // q = 1 + k * Schritt2P
+    uint32_t p_ = 0;
+    Zahl128 Schritt2P = 0;            // q = 1 + k * Schritt2P
     int klassen_ = 0;
     uint32_t KRest[kKlassenMax];      // the residues of k mod 12 that can give a divisor
     std::vector<KleinPrim> tabelle_;  // the first KleinPrimAnzahl rows are in use

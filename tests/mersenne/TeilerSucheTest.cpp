@@ -59,10 +59,17 @@ TEST(TeilerSuche, KnownFactorsIncludingSievingPrimesAndTheLimits) {
 }
 
 TEST(TeilerSuche, SmallestFactorsAgreeWithAPlainSearchNearOneMillion) {
+    // One search turned from exponent to exponent, with p = 3 (six classes instead of four)
+    // and p = 11 (a divisor that is a sieving prime) in between: nothing of one may stay.
     int gefunden = 0;
+    TeilerSuche s(3);
     for (uint32_t p = 1000000; p <= 1000600; ++p) {
         if (!primzahl(p)) continue;
-        TeilerSuche s(p);
+        s.Exponent(3);
+        EXPECT_EQ(s.TeilerSuchen(0, 1000).k, 1u);
+        s.Exponent(11);
+        EXPECT_EQ(s.TeilerSuchen(0, 100000).q, Zahl128(23));
+        s.Exponent(p);
         const TeilerFund f = s.TeilerSuchen(0, 100000);
         const uint64_t erwartet = kleinsterK(p, 100000);
         EXPECT_EQ(f.ergebnis == TeilerErgebnis::Gefunden ? f.k : 0, erwartet) << "p = " << p;
