@@ -22,6 +22,7 @@ namespace {
 
 constexpr double kErsteWartezeit = 0.25;  // first wait after a lost connection, doubled each time
 constexpr double kSchlummerTeil = 0.05;   // a wait is cut into pieces that let Ctrl-C in
+constexpr double kErsterLeerlauf = 0.05;  // first wait for units held by others, doubled each time
 
 std::string sekundenText(double s) {
     char b[32];
@@ -108,6 +109,7 @@ public:
         const double start = Timer();
         wiederholt([&] { ArbeitSchemaAnlegen(*v_); });
         Herzschlag herz(a_);
+        double leerlauf = kErsterLeerlauf;
         for (;;) {
             if (a_.hoechstensSekunden > 0 && Timer() - start >= a_.hoechstensSekunden) {
                 melden("time is up; no new unit claimed");
@@ -116,11 +118,15 @@ public:
             const std::optional<ArbeitEinheit> e =
                 wiederholt([&] { return ArbeitBeanspruchen(*v_, a_.name, a_.leaseSekunden, a_.art); });
             if (!e) {
-                // Units still held by others may come back when their workers die.
+                // Units still held by others may come back when their workers die. The first
+                // looks come quickly, since at the end of a queue the last units are usually
+                // done within a moment and the worker should leave then, not seconds later.
                 if (!wiederholt([&] { return ArbeitUebrig(*v_, a_.art); })) break;
-                schlummern(std::min(a_.leaseSekunden / 2, 2.0));
+                schlummern(std::min({leerlauf, a_.leaseSekunden / 2, 2.0}));
+                leerlauf *= 2;
                 continue;
             }
+            leerlauf = kErsterLeerlauf;
             herz.Halten(e->id);
             try {
                 einheit(*e, herz);
