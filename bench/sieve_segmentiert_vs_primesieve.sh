@@ -17,19 +17,6 @@ export SW_HOME=$WORK
 CLI=$(cd "$(dirname "$CLI")" && pwd)/sw-cli  # absolute: the runs work in the scratch folder
 cd "$WORK"
 
-# Wall-clock seconds of a command, best of N runs.
-wall() {
-  local n=$1; shift
-  local best=""
-  for ((r = 0; r < n; r++)); do
-    local t
-    /usr/bin/time -o "$WORK/zeit" -f '%e' "$@" >/dev/null 2>&1
-    t=$(cat "$WORK/zeit")
-    if [[ -z $best ]] || awk -v t="$t" -v b="$best" 'BEGIN { exit !(t < b) }'; then best=$t; fi
-  done
-  printf '%.3f' "$best"
-}
-
 RUNS=${RUNS:-3}
 echo "$(primesieve --version | head -1 | cut -d, -f1), sw-cli $("$CLI" --version | awk '{print $NF}'), best of $RUNS"
 printf '%-40s %10s %10s %8s %8s\n' "job" "sw-cli s" "ref. s" "ratio" "target"
@@ -38,17 +25,14 @@ for L in 2e9 1e10; do
   OURS=$("$CLI" sieve "$L" --method 7 --threads 1 --json | sed 's/.*"primes":\([0-9]*\).*/\1/')
   THEIRS=$(primesieve "$L" -t1 -c -q)
   [[ $OURS == "$THEIRS" ]] || { echo "pi($L): sw-cli $OURS, primesieve $THEIRS: WRONG"; exit 1; }
-  T=$(best "$RUNS" "$CLI" sieve "$L" --method 7 --threads 1)
-  P=$(best "$RUNS" primesieve "$L" -t1 -c -q)
+  read -r T P < <(abwechselnd cpu "$RUNS" "$CLI" sieve "$L" --method 7 --threads 1 -- primesieve "$L" -t1 -c -q)
   printf '%-40s %10s %10s %8s %8s\n' "sieve $L, 1 thread (CPU s)" "$T" "$P" "$(ratio "$T" "$P")" "1.2"
 done
 
-T1=$(wall "$RUNS" "$CLI" sieve 1e10 --method 7 --threads 1)
-T2=$(wall "$RUNS" "$CLI" sieve 1e10 --method 7 --threads 2)
+read -r T1 T2 < <(abwechselnd wall "$RUNS" "$CLI" sieve 1e10 --method 7 --threads 1 -- "$CLI" sieve 1e10 --method 7 --threads 2)
 printf '%-40s %10s %10s %8s %8s\n' "sieve 1e10, 2 vs 1 threads (wall s)" "$T2" "$T1" "$(ratio "$T2" "$T1")" "0.6"
 
 SW=$("$CLI" count 10^20 10^20+10^6)
-T=$(wall "$RUNS" "$CLI" count 10^20 10^20+10^6)
-P=$(wall "$RUNS" primesieve 18446744073708551615 18446744073709551615 -t1 -c -q)
+read -r T P < <(abwechselnd wall "$RUNS" "$CLI" count 10^20 10^20+10^6 -- primesieve 18446744073708551615 18446744073709551615 -t1 -c -q)
 printf '%-40s %10s %10s %8s %8s\n' "count 10^20 +10^6 ($SW primes, wall s)" "$T" "$P" "$(ratio "$T" "$P")" "3"
 echo "(primesieve's time is that of [2^64-1-10^6, 2^64-1]; it cannot count above 2^64)"

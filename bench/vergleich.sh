@@ -32,5 +32,31 @@ best() {
   printf '%.3f' "$best"
 }
 
+# Best seconds of two commands, N runs each, taken by turns: on a shared host whose speed
+# drifts over a minute both commands then see the same machine, where two blocks of runs would
+# compare a fast minute with a slow one. ART is wall (the wall clock) or cpu (user + system).
+# Prints "A B".
+#   read -r TA TB < <(abwechselnd ART N command A ... -- command B ...)
+abwechselnd() {
+  local art=$1 n=$2; shift 2
+  local a=() b=()
+  while [[ $1 != -- ]]; do a+=("$1"); shift; done
+  shift
+  b=("$@")
+  local format='%e'; [[ $art == cpu ]] && format='%U %S'
+  local ba="" bb="" t
+  for ((r = 0; r < n; r++)); do
+    for seite in a b; do
+      local -n befehl=$seite
+      /usr/bin/time -o "$WORK/zeit" -f "$format" "${befehl[@]}" >/dev/null 2>&1
+      t=$(awk '{ print $1 + $2 }' "$WORK/zeit")
+      if [[ $seite == a ]]; then
+        if [[ -z $ba ]] || awk -v t="$t" -v b="$ba" 'BEGIN { exit !(t < b) }'; then ba=$t; fi
+      elif [[ -z $bb ]] || awk -v t="$t" -v b="$bb" 'BEGIN { exit !(t < b) }'; then bb=$t; fi
+    done
+  done
+  printf '%.3f %.3f\n' "$ba" "$bb"
+}
+
 # a / b with two decimals.
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }

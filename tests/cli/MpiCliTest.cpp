@@ -31,7 +31,7 @@ protected:
 
     Lauf MitProzessen(int prozesse, const std::string& argumente) {
         return ProgrammStarten("mpirun", Ordner(),
-                               "--oversubscribe --mca btl self,vader -np " + std::to_string(prozesse) + " " +
+                               "--oversubscribe --mca pml ob1 --mca btl self,vader -np " + std::to_string(prozesse) + " " +
                                    SW_CLI_PFAD + " " + argumente);
     }
 
