@@ -19,6 +19,7 @@
 #include "frame/Meldungen.h"
 #include "frame/Oberflaeche.h"
 #include "frame/Texte.h"
+#include "sieve/SiebMuster.h"
 #include "sieve/SiebSegmentiert.h"
 
 namespace sw {
@@ -34,6 +35,7 @@ using U128 = unsigned __int128;
 // The window is worked in chunks that stay in the second-level cache (1 MB), and each chunk
 // in segments that stay in the first-level cache (32 KB), where the small primes strike.
 constexpr uint64_t SegmentWoerter = uint64_t(1) << 13;
+static_assert(SegmentWoerter <= MusterLaengeHoechstens);
 constexpr uint64_t BlockWoerter = uint64_t(1) << 18;
 constexpr uint64_t BlockZahlen = BlockWoerter * RasterSpanne;
 // The cycles strike where a segment holds several of them: a prime with a cycle or two per
@@ -60,35 +62,6 @@ inline uint64_t Rest(U128 x, uint64_t m) {
 #else
     return uint64_t(x % m);
 #endif
-}
-
-// The primes 7, 11, 13 and 17 repeat with a period of 17017 words; a copy of the pattern
-// strikes them at the speed of memory, which is where most strikes of the window would go.
-constexpr uint64_t MusterWoerter = 7 * 11 * 13 * 17;
-constexpr uint32_t MusterPrimzahlen[4] = {7, 11, 13, 17};
-
-const std::vector<uint32_t>& Muster() {
-    static const std::vector<uint32_t> muster = [] {
-        std::vector<uint32_t> m(MusterWoerter, 0);
-        for (uint32_t p : MusterPrimzahlen) {
-            for (uint64_t n = p; n < MusterWoerter * RasterSpanne; n += 2 * p) {
-                m[n / RasterSpanne] |= RestMaske[n % RasterSpanne];
-            }
-        }
-        return m;
-    }();
-    return muster;
-}
-
-void MusterKopieren(uint32_t* ziel, uint64_t anzahl, uint64_t musterPos) {
-    const uint32_t* muster = Muster().data();
-    while (anzahl) {
-        const uint64_t stueck = std::min(anzahl, MusterWoerter - musterPos);
-        std::memcpy(ziel, muster + musterPos, stueck * sizeof(uint32_t));
-        ziel += stueck;
-        anzahl -= stueck;
-        musterPos = 0;
-    }
 }
 
 // A prime below the block length strikes by cycles of 120p numbers (p words): the multiples
@@ -421,15 +394,18 @@ bool FensterSiebenMit(uint32_t* raster, uint64_t woerter, U128 start, uint64_t g
                       Quelle&& quelle, Weiter&& weiter) {
     const FensterStart schnellStart(start);
     const uint64_t spanne = woerter * RasterSpanne;
-    mitMuster = mitMuster && grenze >= 17;
-    const uint64_t startWort = uint64_t(start / RasterSpanne % MusterWoerter);
+    // A pattern only where all its primes are sieving primes of the window: a window sieved
+    // to a limit below its root keeps the numbers whose factors all lie above the limit.
+    mitMuster = mitMuster && grenze >= MusterErsteGroesste;
+    const bool alleMuster = mitMuster && grenze >= MusterGroesstePrimzahl;
+    const MusterStand muster = MusterStandVon(start / RasterSpanne);
 
     std::vector<ZyklusPrimzahl> klein, mittel;
     std::vector<MittlerePrimzahl> rad;
     const uint64_t kleinBis = std::min(grenze, KleinWoerter - 1);
     const uint64_t mittelBis = std::min(grenze, BlockWoerter - 1);
     const uint64_t radBis = std::min(grenze, BlockZahlen - 1);
-    quelle(mitMuster ? 19 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
+    quelle(alleMuster ? MusterGroesstePrimzahl + 1 : mitMuster ? MusterErsteGroesste + 1 : 7, kleinBis, [&](uint64_t p) { klein.push_back(ZyklusAnlegen(start, p)); });
     quelle(kleinBis + 1, mittelBis, [&](uint64_t p) { mittel.push_back(ZyklusAnlegen(start, p)); });
     quelle(mittelBis + 1, radBis, [&](uint64_t p) {
         MittlerePrimzahl m{};
@@ -450,7 +426,7 @@ bool FensterSiebenMit(uint32_t* raster, uint64_t woerter, U128 start, uint64_t g
         uint32_t* block = raster + anfang;
         for (uint64_t s = 0; s < laenge; s += SegmentWoerter) {
             const uint64_t n = std::min(SegmentWoerter, laenge - s);
-            if (mitMuster) MusterKopieren(block + s, n, (startWort + anfang + s) % MusterWoerter);
+            if (mitMuster) MusterSchreiben(block + s, n, muster, anfang + s, alleMuster);
             for (ZyklusPrimzahl& z : klein) ZyklusStreichen(block + s, int64_t(n), z);
         }
         for (uint64_t h = 0; h < laenge; h += MittelWoerter) {

@@ -1,0 +1,97 @@
+#include "sieve/SiebMuster.h"
+
+#include <array>
+#include <vector>
+
+#include "sieve/RasterTabellen.h"
+
+namespace sw {
+
+namespace {
+
+// The groups, each with a period (the product) below 2^15 words, so that a table and the
+// segment it is or-ed into stay in the second-level cache together. The first one alone is
+// the pattern of the windows whose roots stay below 167.
+constexpr std::array<std::array<uint32_t, 4>, 16> Gruppen = {{{7, 11, 13, 17},
+                                                              {19, 37, 41, 1},
+                                                              {23, 29, 31, 1},
+                                                              {43, 47, 1, 1},
+                                                              {53, 59, 1, 1},
+                                                              {61, 67, 1, 1},
+                                                              {71, 73, 1, 1},
+                                                              {79, 83, 1, 1},
+                                                              {89, 97, 1, 1},
+                                                              {101, 103, 1, 1},
+                                                              {107, 109, 1, 1},
+                                                              {113, 127, 1, 1},
+                                                              {131, 137, 1, 1},
+                                                              {139, 149, 1, 1},
+                                                              {151, 157, 1, 1},
+                                                              {163, 167, 1, 1}}};
+
+constexpr uint32_t Periode(const std::array<uint32_t, 4>& g) { return g[0] * g[1] * g[2] * g[3]; }
+
+// One period of a group's strikes, followed by its first MusterLaengeHoechstens words again:
+// a segment then reads any stretch without a wrap.
+struct Tabelle {
+    uint32_t periode;
+    std::vector<uint32_t> woerter;
+};
+
+const std::array<Tabelle, Gruppen.size()>& Tabellen() {
+    static const std::array<Tabelle, Gruppen.size()> tabellen = [] {
+        std::array<Tabelle, Gruppen.size()> t;
+        for (size_t i = 0; i < Gruppen.size(); ++i) {
+            const uint64_t periode = Periode(Gruppen[i]);
+            t[i].periode = uint32_t(periode);
+            t[i].woerter.assign(periode + MusterLaengeHoechstens, 0);
+            for (uint32_t p : Gruppen[i]) {
+                if (p == 1) continue;
+                // Odd multiples only; those by 3 or 5 have no bit (mask 0).
+                for (uint64_t n = p; n < periode * RasterSpanne; n += 2 * p) {
+                    t[i].woerter[n / RasterSpanne] |= RestMaske[n % RasterSpanne];
+                }
+            }
+            for (uint64_t w = 0; w < MusterLaengeHoechstens; ++w) t[i].woerter[periode + w] = t[i].woerter[w % periode];
+        }
+        return t;
+    }();
+    return tabellen;
+}
+
+static_assert(Gruppen.back()[1] == MusterGroesstePrimzahl && Gruppen[0][3] == MusterErsteGroesste);
+
+// Four streams per pass into the segment, which stays in the first-level cache: written
+// plainly, the compiler turns the pass into vector loads and one store per vector of words.
+template <bool Oder>
+void vier(uint32_t* __restrict z, const uint32_t* __restrict a, const uint32_t* __restrict b,
+          const uint32_t* __restrict c, const uint32_t* __restrict d, uint64_t n) {
+    for (uint64_t w = 0; w < n; ++w) z[w] = (Oder ? z[w] : 0) | a[w] | b[w] | c[w] | d[w];
+}
+
+static_assert(Gruppen.size() == 16, "four passes of four groups");
+
+}  // namespace
+
+MusterStand MusterStandVon(unsigned __int128 startWort) {
+    MusterStand s{};
+    const auto& t = Tabellen();
+    for (size_t i = 0; i < t.size(); ++i) s.pos[i] = uint32_t(startWort % t[i].periode);
+    return s;
+}
+
+void MusterSchreiben(uint32_t* ziel, uint64_t anzahl, const MusterStand& stand, uint64_t versatz, bool alle) {
+    const auto& t = Tabellen();
+    const auto q = [&](size_t i) { return t[i].woerter.data() + (stand.pos[i] + versatz) % t[i].periode; };
+    if (!alle) {
+        const uint32_t* erste = q(0);
+        for (uint64_t w = 0; w < anzahl; ++w) ziel[w] = erste[w];
+        return;
+    }
+    vier<false>(ziel, q(0), q(1), q(2), q(3), anzahl);
+    vier<true>(ziel, q(4), q(5), q(6), q(7), anzahl);
+    vier<true>(ziel, q(8), q(9), q(10), q(11), anzahl);
+    vier<true>(ziel, q(12), q(13), q(14), q(15), anzahl);
+}
+
+}  // namespace sw
