@@ -20,6 +20,7 @@
 #include "frame/Oberflaeche.h"
 #include "frame/Texte.h"
 #include "sieve/SiebMuster.h"
+#include "sieve/basSiebwerk.h"
 #include "sieve/SiebSegmentiert.h"
 
 namespace sw {
@@ -710,7 +711,7 @@ uint64_t SekundaerAnzahl(const Decimal& von, const Decimal& bis) {
         SekundaerDurchlaufen(a, b, [&](U128) { return ++anzahl, true; });
         return anzahl;
     }
-    for (uint64_t w = ersterVoll; w < hinterLetztem; ++w) anzahl += uint64_t(__builtin_popcount(~SekundaerRaster[w]));
+    anzahl += NullBitsZaehlen(SekundaerRaster.data() + ersterVoll, size_t(hinterLetztem - ersterVoll));
     if (ersterVoll > 0) {
         SekundaerDurchlaufen(a, basis + U128(ersterVoll) * RasterSpanne - 1, [&](U128) { return ++anzahl, true; });
     }
