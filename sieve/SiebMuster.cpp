@@ -9,9 +9,9 @@ namespace sw {
 
 namespace {
 
-// The groups, each with a period (the product) below 2^15 words, so that a table and the
-// segment it is or-ed into stay in the second-level cache together. The first one alone is
-// the pattern of the windows whose roots stay below 167.
+// The groups (1 fills a group of fewer primes), each with a period (the product) below 2^15
+// words, so that a table and the segment it is or-ed into stay in the second-level cache
+// together. The first one alone is the pattern of the windows whose limit lies below 167.
 constexpr std::array<std::array<uint32_t, 4>, 16> Gruppen = {{{7, 11, 13, 17},
                                                               {19, 37, 41, 1},
                                                               {23, 29, 31, 1},
