@@ -24,13 +24,14 @@ best() {
   local n=$1; shift
   local best=""
   for ((r = 0; r < n; r++)); do
-    local t
     /usr/bin/time -o "$WORK/zeit" -f '%U %S' "$@" >/dev/null 2>&1
-    t=$(awk '{ print $1 + $2 }' "$WORK/zeit")
-    if [[ -z $best ]] || awk -v t="$t" -v b="$best" 'BEGIN { exit !(t < b) }'; then best=$t; fi
+    best=$(kleiner "$(awk '{ print $1 + $2 }' "$WORK/zeit")" "$best")
   done
   printf '%.3f' "$best"
 }
+
+# The smaller of two times; an empty second one counts as none yet.
+kleiner() { awk -v t="$1" -v b="$2" 'BEGIN { print (b == "" || t < b) ? t : b }'; }
 
 # Best seconds of two commands, N runs each, taken by turns: on a shared host whose speed
 # drifts over a minute both commands then see the same machine, where two blocks of runs would
@@ -39,21 +40,16 @@ best() {
 #   read -r TA TB < <(abwechselnd ART N command A ... -- command B ...)
 abwechselnd() {
   local art=$1 n=$2; shift 2
-  local a=() b=()
+  local a=()
   while [[ $1 != -- ]]; do a+=("$1"); shift; done
   shift
-  b=("$@")
-  local format='%e'; [[ $art == cpu ]] && format='%U %S'
-  local ba="" bb="" t
+  local format='%e' ba="" bb=""
+  [[ $art == cpu ]] && format='%U %S'
   for ((r = 0; r < n; r++)); do
-    for seite in a b; do
-      local -n befehl=$seite
-      /usr/bin/time -o "$WORK/zeit" -f "$format" "${befehl[@]}" >/dev/null 2>&1
-      t=$(awk '{ print $1 + $2 }' "$WORK/zeit")
-      if [[ $seite == a ]]; then
-        if [[ -z $ba ]] || awk -v t="$t" -v b="$ba" 'BEGIN { exit !(t < b) }'; then ba=$t; fi
-      elif [[ -z $bb ]] || awk -v t="$t" -v b="$bb" 'BEGIN { exit !(t < b) }'; then bb=$t; fi
-    done
+    /usr/bin/time -o "$WORK/zeit" -f "$format" "${a[@]}" >/dev/null 2>&1
+    ba=$(kleiner "$(awk '{ print $1 + $2 }' "$WORK/zeit")" "$ba")
+    /usr/bin/time -o "$WORK/zeit" -f "$format" "$@" >/dev/null 2>&1
+    bb=$(kleiner "$(awk '{ print $1 + $2 }' "$WORK/zeit")" "$bb")
   done
   printf '%.3f %.3f\n' "$ba" "$bb"
 }

@@ -26,7 +26,7 @@ std::optional<std::vector<TeilerErgebnisZeile>> TeilerEinheitRechnen(uint32_t vo
                                                                      const EinheitWeiter& weiter) {
     std::vector<TeilerErgebnisZeile> aus;
     static const PrimZeile leer;
-    TeilerSuche suche(3);
+    TeilerSuche suche;
     // false when weiter stopped the search of p
     auto nehmen = [&](uint32_t p) {
         TeilerErgebnisZeile e;

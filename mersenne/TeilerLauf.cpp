@@ -189,7 +189,7 @@ private:
     const TeilerLaufAuftrag& a_;
     TeilerLaufAnzeige* anzeige_;
     TeilerStatistik statistik_;
-    TeilerSuche suche_{3};  // one for all exponents, so that its buffers stay
+    TeilerSuche suche_;  // one for all exponents, so that its buffers stay
     uint32_t intervall_ = UINT32_MAX;
     double gegeben_ = Timer();
     uint32_t seitYield_ = 0;

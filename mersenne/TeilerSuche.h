@@ -31,8 +31,9 @@ class TeilerSuche {
     static constexpr int kKlassenMax = 6;
 
 public:
-    // p an odd prime below 2^31.
+    // p an odd prime below 2^31. Without p, Exponent must come before the first search.
     explicit TeilerSuche(uint32_t p);
+    TeilerSuche() = default;
 
     // Turns the search to another exponent and keeps the buffers: a walk over thousands of
     // exponents would otherwise give a few hundred kilobytes back to the system and fault
