@@ -10,18 +10,43 @@ namespace sw {
 
 namespace {
 
-uint64_t Stelle(uint32_t p, size_t n, size_t j) { return (uint64_t(p) * j + n - 1) / n; }
+uint64_t Stelle(uint32_t p, size_t n, size_t j) {
+    return (uint64_t(p) * j + n - 1) / n;
+}
+
+// Sixteen chains fill the four lanes of four AVX2 registers; four keep the scalar pass in
+// registers; lengths not divisible by four are short and take one chain.
+size_t KettenFuer(size_t n) {
+    if (n % 64 == 0 && n >= 1024) return 16;
+    return n % 4 == 0 && n >= 64 ? 4 : 1;
+}
+
+bool MitAvx2() {
+    static const bool ja = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+    return ja;
+}
 
 }  // namespace
 
-DwtTransform::DwtTransform(uint32_t p, size_t n) : p_(p), n_(n), bitsKlein_(p / uint32_t(n)), gross_(n), gewicht_(n) {
+DwtTransform::DwtTransform(uint32_t p, size_t n, bool vektor)
+    : p_(p),
+      n_(n),
+      ketten_(KettenFuer(n)),
+      laenge_(n / ketten_),
+      vektor_(vektor && ketten_ == 16 && MitAvx2()),
+      bitsKlein_(p / uint32_t(n)),
+      gross_(n),
+      gewicht_((n + 3) / 4) {
     for (size_t j = 0; j < n; ++j) {
-        gross_[j] = uint8_t(Stelle(p, n, j + 1) - Stelle(p, n, j) - bitsKlein_);
+        const size_t platz = Platz(j);
+        gross_[platz] = uint8_t(Stelle(p, n, j + 1) - Stelle(p, n, j) - bitsKlein_);
         // a_j = 2^(ceil(p j / n) - p j / n); the exponent as an exact fraction of n.
         const uint64_t zaehler = Stelle(p, n, j) * n - uint64_t(p) * j;
-        const long double a = exp2l(static_cast<long double>(zaehler) / static_cast<long double>(n));
-        gewicht_[j].vor = static_cast<double>(a);
-        gewicht_[j].zurueck = static_cast<double>(1.0L / (a * static_cast<long double>(n)));
+        const long double a =
+            exp2l(static_cast<long double>(zaehler) / static_cast<long double>(n));
+        gewicht_[platz / 4].vor[platz % 4] = static_cast<double>(a);
+        gewicht_[platz / 4].zurueck[platz % 4] =
+            static_cast<double>(1.0L / (a * static_cast<long double>(n)));
     }
     puffer_ = fftw_alloc_real(n);
     spektrum_ = fftw_alloc_complex(n / 2 + 1);
@@ -63,81 +88,25 @@ DwtTransform::Befund DwtTransform::QuadrierenMinusZwei() {
         faltungStoeren_ = false;
         puffer_[n / 3] *= 2.0;
     }
-    double fehler = 0.0, summe = 0.0, betraege = 0.0;
-    if (n % 4 == 0 && n >= 64) {
-        Tragen<4>(fehler, summe, betraege);
-    } else {
-        Tragen<1>(fehler, summe, betraege);
-    }
+    const Summen t = vektor_ ? TragenVektor() : Tragen();
     // The two sides differ by the rounding of the transform and of the sums, which grows with
     // n; measured, it stays below a ten-thousandth of this bound. A fault that changes one
     // output by its own size moves them apart by about 1/n of the total, far above it.
     const double soll = double(n) * summeEin * summeEin;
-    const double toleranz = 8.0 * double(n) * 0x1p-53 * (betraege + soll) + double(n);
-    return {fehler, std::fabs(summe - soll) <= toleranz};
-}
-
-// The carry pass over Ketten stretches of the digits at once. Within a stretch the carry is a
-// serial chain of four floating-point operations per word; running several independent chains
-// side by side lets the processor overlap them, and each stretch's last carry then goes into
-// the next stretch's first words, where it settles after a word or two. Everything stays in
-// doubles, which hold these integers exactly (below 2^51): adding and taking away 1.5 2^52
-// rounds to the nearest integer in two additions, where nearbyint or a conversion to integers
-// and shifts by a variable count would cost more, and scaling by 2^-bits is exact. With four
-// chains the pass runs at the speed of memory: packing the chains into vector registers
-// measured no faster. The state of the chains must stay in registers: kept in arrays the
-// compiler could not unroll, each carry went through memory and the pass took 10 % longer.
-template <size_t Ketten>
-void DwtTransform::Tragen(double& fehler, double& summe, double& betraege) {
-    constexpr double runden = 0x1.8p52;
-    double* const b = puffer_;
-    const Gewicht* const g = gewicht_.data();
-    const uint8_t* const gross = gross_.data();
-    const double basis[2] = {std::ldexp(1.0, int(bitsKlein_)), std::ldexp(1.0, int(bitsKlein_) + 1)};
-    const double kehrwert[2] = {1.0 / basis[0], 1.0 / basis[1]};
-    const size_t laenge = n_ / Ketten;
-    double uebertrag[Ketten], f[Ketten], s[Ketten], a[Ketten];
-    for (size_t k = 0; k < Ketten; ++k) uebertrag[k] = f[k] = s[k] = a[k] = 0.0;
-    uebertrag[0] = -2.0;  // the "- 2" of the step rides in as a carry into word 0
-    for (size_t i = 0; i < laenge; ++i) {
-#pragma GCC unroll 4
-        for (size_t k = 0; k < Ketten; ++k) {
-            const size_t j = k * laenge + i;
-            const double roh = b[j];
-            s[k] += roh;
-            a[k] += std::fabs(roh);
-            const double t = roh * g[j].zurueck;
-            const double gerundet = (t + runden) - runden;
-            // Beyond 2^51 the rounding above fails and a double holds hardly a fraction, so
-            // the distance says nothing: such outputs (or NaN) void the step, and must not
-            // enter the carry. Selected, not branched, so that the chains stay in registers.
-            const bool gueltig = std::fabs(t) < 0x1p51;
-            const double abstand = gueltig ? std::fabs(t - gerundet) : 1.0;
-            f[k] = abstand > f[k] ? abstand : f[k];
-            const double v = (gueltig ? gerundet : 0.0) + uebertrag[k];
-            const double hoch = (v * kehrwert[gross[j]] + runden) - runden;
-            b[j] = (v - hoch * basis[gross[j]]) * g[j].vor;
-            uebertrag[k] = hoch;
-        }
-    }
-    for (size_t k = 0; k < Ketten; ++k) {
-        Uebertrag(int64_t(uebertrag[k]), k + 1 == Ketten ? 0 : (k + 1) * laenge);
-        fehler = std::max(fehler, f[k]);
-        summe += s[k];
-        betraege += a[k];
-    }
+    const double toleranz = 8.0 * double(n) * 0x1p-53 * (t.betraege + soll) + double(n);
+    return {t.fehler, std::fabs(t.summe - soll) <= toleranz};
 }
 
 int64_t DwtTransform::Ziffer(size_t j) const {
     // a_j x_j / a_j is x_j within a few ulps: |x_j| < 2^26, so rounding gives it back exactly.
-    return int64_t(std::nearbyint(puffer_[j] / gewicht_[j].vor));
+    return int64_t(std::nearbyint(puffer_[j] / Vor(Platz(j))));
 }
 
 // Adds a carry at word ab and propagates it; past the top word it goes on at word 0, since
 // 2^p = 1 modulo 2^p - 1. It stops as soon as a digit absorbs the carry, after a few words.
 void DwtTransform::Uebertrag(int64_t uebertrag, size_t ab) {
     for (size_t j = ab; uebertrag != 0; j = (j + 1 == n_) ? 0 : j + 1) {
-        const uint32_t bits = bitsKlein_ + gross_[j];
+        const uint32_t bits = Bits(j);
         const int64_t v = Ziffer(j) + uebertrag;
         const int64_t hoch = (v + (int64_t(1) << (bits - 1))) >> bits;
         ZifferSetzen(j, v - hoch * (int64_t(1) << bits));
@@ -150,7 +119,7 @@ void DwtTransform::Setzen(mpz_srcptr r) {
     // half its base or more becomes negative and lends 1 to the next word.
     int64_t uebertrag = 0;
     for (size_t j = 0; j < n_; ++j) {
-        const uint32_t bits = bitsKlein_ + gross_[j];
+        const uint32_t bits = Bits(j);
         const uint64_t stelle = Stelle(p_, n_, j);
         int64_t v = uebertrag;
         for (uint32_t i = 0; i < bits; ++i) v += int64_t(mpz_tstbit(r, stelle + i)) << i;

@@ -16,9 +16,10 @@
 namespace sw {
 
 class DwtTransform {
-public:
-    // n even, 2 <= n <= p.
-    DwtTransform(uint32_t p, size_t n);
+  public:
+    // n even, 2 <= n <= p. vektor: the carry pass may use AVX2 where the processor has it;
+    // both passes give the same bits, the tests compare them.
+    DwtTransform(uint32_t p, size_t n, bool vektor = true);
     // The same, and whether FFTW's plans came from the stored search.
     bool GespeichertePlaene() const { return plaene_.gespeichert; }
     ~DwtTransform();
@@ -47,23 +48,39 @@ public:
     // stay integers, so only the sum check sees it.
     void FaltungStoeren() { faltungStoeren_ = true; }
 
-private:
+  private:
+    struct Summen {
+        double fehler = 0.0, summe = 0.0, betraege = 0.0;
+    };
+    // The carry pass, in mersenne/DwtTragen.cpp: plain, and in AVX2 registers.
+    Summen Tragen();
     template <size_t Ketten>
-    void Tragen(double& fehler, double& summe, double& betraege);
+    Summen TragenSkalar();
+    Summen TragenVektor();
     void Uebertrag(int64_t uebertrag, size_t ab);
     int64_t Ziffer(size_t j) const;
-    void ZifferSetzen(size_t j, int64_t d) { puffer_[j] = double(d) * gewicht_[j].vor; }
+    void ZifferSetzen(size_t j, int64_t d) { puffer_[j] = double(d) * Vor(Platz(j)); }
+
+    // The carry pass runs ketten_ chains side by side, chain c over the words c L .. c L + L - 1
+    // (L = n / ketten_). The tables below are kept in the order the pass reads them: word j
+    // at place (j mod L) ketten_ + j / L, so that the chains' entries for one step lie together.
+    size_t Platz(size_t j) const { return (j % laenge_) * ketten_ + j / laenge_; }
+    double Vor(size_t platz) const { return gewicht_[platz / 4].vor[platz % 4]; }
+    uint32_t Bits(size_t j) const { return bitsKlein_ + gross_[Platz(j)]; }
 
     uint32_t p_;
     size_t n_;
-    uint32_t bitsKlein_;         // floor(p/n); the big words have one bit more
-    std::vector<uint8_t> gross_;  // 1 where word j has bitsKlein_ + 1 bits
-    // a_j and 1 / (n a_j) side by side: the carry pass needs both for the same j, and one
-    // stream through memory is cheaper than two.
-    struct Gewicht {
-        double zurueck, vor;
+    size_t ketten_;
+    size_t laenge_;
+    bool vektor_;
+    uint32_t bitsKlein_;          // floor(p/n); the big words have one bit more
+    std::vector<uint8_t> gross_;  // by place: 1 where the word has bitsKlein_ + 1 bits
+    // 1 / (n a_j) and a_j of four places in one cache line: the carry pass needs both for the
+    // same word, and one stream through memory is cheaper than two.
+    struct alignas(64) Gewichte {
+        double zurueck[4], vor[4];
     };
-    std::vector<Gewicht> gewicht_;
+    std::vector<Gewichte> gewicht_;
     // The weighted digits a_j x_j with |x_j| <= 2^(bits_j - 1), and their spectrum. Transforms
     // between two arrays: FFTW's in-place real transforms copy through buffers and took half
     // as long again.
