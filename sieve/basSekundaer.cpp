@@ -93,9 +93,22 @@ constexpr uint32_t MaskeVon(int64_t rest) {
     return 0;
 }
 
+// One strike of a whole cycle: t walks from multiple to multiple by q times the gap of the
+// residues, so that a turn needs the cycle's start and three multiples of q in registers, not
+// 32 offsets; the empty asm keeps the compiler from folding the walk back into 32 offsets,
+// which it then spilled to the stack and reloaded for every strike.
+constexpr int64_t RestLuecke(size_t c) { return c == 0 ? Reste[0] : Reste[c] - Reste[c - 1]; }
+template <size_t I, size_t C>
+inline void Schlag(uint32_t*& t, int64_t q) {
+    t += q * RestLuecke(C);
+    asm("" : "+r"(t));
+    t[(Reste[I] * Reste[C]) / 120] |= MaskeVon((Reste[I] * Reste[C]) % 120);
+}
+
 template <size_t I, size_t... C>
 inline void ZyklusVoll(uint32_t* b, int64_t q, std::index_sequence<C...>) {
-    ((b[q * Reste[C] + (Reste[I] * Reste[C]) / 120] |= MaskeVon((Reste[I] * Reste[C]) % 120)), ...);
+    uint32_t* t = b;
+    (Schlag<I, C>(t, q), ...);
 }
 
 // Whole cycles from s on while they end inside the segment; gives the first cycle left.
