@@ -111,57 +111,72 @@ inline void ZyklusVoll(uint32_t* b, int64_t q, std::index_sequence<C...>) {
     (Schlag<I, C>(t, q), ...);
 }
 
-// Whole cycles from s on while they end inside the segment; gives the first cycle left.
+// One strike of a cut cycle: the same walk, from multiple ab on, as long as the multiples fall
+// below laenge; c is where the cycle stops (32 if it ends inside).
+template <size_t I, size_t C>
+inline bool SchlagBis(int64_t& o, int64_t q, uint32_t* seg, uint32_t ab, int64_t laenge, uint32_t& c) {
+    o += q * RestLuecke(C);
+    asm("" : "+r"(o));
+    if (C < ab) return true;
+    const int64_t w = o + (Reste[I] * Reste[C]) / 120;
+    if (w >= laenge) {
+        c = C;
+        return false;
+    }
+    seg[w] |= MaskeVon((Reste[I] * Reste[C]) % 120);
+    return true;
+}
+
+template <size_t I, size_t... C>
+inline uint32_t ZyklusBis(uint32_t* seg, int64_t s, int64_t q, uint32_t ab, int64_t laenge, std::index_sequence<C...>) {
+    int64_t o = s;
+    uint32_t c = 32;
+    (SchlagBis<I, C>(o, q, seg, ab, laenge, c) && ...);
+    return c;
+}
+
+// Strikes the multiples of one prime of residue index I in seg[0 .. laenge) and carries the
+// cycle on: naechster is the start of the cycle in progress relative to the segment, rest the
+// first of its 32 multiples not yet struck (32: none left). The cut cycles at both ends are
+// compiled per residue class like the whole ones, with their offsets and masks as immediates,
+// and share one copy of the code, so that the 32 classes stay small enough for the
+// instruction cache.
 template <size_t I>
-int64_t ZyklenStreichen(uint32_t* seg, int64_t s, int64_t laenge, int64_t p, int64_t q) {
-    for (; s + p <= laenge; s += p) ZyklusVoll<I>(seg + s, q, std::make_index_sequence<32>{});
-    return s;
-}
-
-using ZyklenFunktion = int64_t (*)(uint32_t*, int64_t, int64_t, int64_t, int64_t);
-template <size_t... I>
-constexpr std::array<ZyklenFunktion, 32> ZyklenTabelle(std::index_sequence<I...>) {
-    return {&ZyklenStreichen<I>...};
-}
-constexpr std::array<ZyklenFunktion, 32> Zyklen = ZyklenTabelle(std::make_index_sequence<32>{});
-
-// The word offset of the multiple with residue index c in a cycle of z; it grows with c.
-inline int64_t ZyklusVersatz(const ZyklusPrimzahl& z, uint32_t c) {
-    return int64_t(z.q) * RasterRest[c + 1] + ProduktWort[z.zeile + int32_t(c)];
-}
-
-// Strikes the multiples of one prime in seg[0 .. laenge) and carries the cycle on. The cut
-// cycles at both ends strike only what falls inside, each multiple tested once: for the
-// larger primes, with a cycle or two per segment, they are most of the work.
-inline void ZyklusStreichen(uint32_t* seg, int64_t laenge, ZyklusPrimzahl& z) {
-    const uint32_t* pm = ProduktMaske + z.zeile;
-    const int64_t p = z.p;
+void ZyklusStreichenMit(uint32_t* seg, int64_t laenge, ZyklusPrimzahl& z) {
+    constexpr auto alle = std::make_index_sequence<32>{};
+    const int64_t p = z.p, q = z.q;
     int64_t s = z.naechster;
-    uint32_t c = z.rest;
-    if (s < 0 || c != 0) {
-        // The rest of a cycle begun before this segment: its multiples from c on lie at or
-        // after the segment's start.
-        for (; c < 32; ++c) {
-            const int64_t w = s + ZyklusVersatz(z, c);
-            if (w >= laenge) {
-                z.naechster = s - laenge;
-                z.rest = c;
-                return;
-            }
-            seg[w] |= pm[c];
+    uint32_t ab = z.rest;
+    for (;;) {
+        // Whole cycles: the hot loop, 32 independent strikes in the cache per turn.
+        if (ab == 0 && s >= 0) {
+            for (; s + p <= laenge; s += p) ZyklusVoll<I>(seg + s, q, alle);
+        }
+        const uint32_t c = ZyklusBis<I>(seg, s, q, ab, laenge, alle);
+        if (c < 32) {
+            z.naechster = s - laenge;
+            z.rest = c;
+            return;
         }
         s += p;
+        ab = 0;
     }
-    // Whole cycles: the hot loop, 32 independent strikes in the cache per turn.
-    s = Zyklen[size_t(z.zeile / 32)](seg, s, laenge, p, int64_t(z.q));
-    // The first part of the next cycle; the rest is the next segment's head.
-    for (c = 0; c < 32; ++c) {
-        const int64_t w = s + ZyklusVersatz(z, c);
-        if (w >= laenge) break;
-        seg[w] |= pm[c];
-    }
-    z.naechster = s - laenge;
-    z.rest = c;
+}
+
+using ZyklusFunktion = void (*)(uint32_t*, int64_t, ZyklusPrimzahl&);
+template <size_t... I>
+constexpr std::array<ZyklusFunktion, 32> ZyklusTabelle(std::index_sequence<I...>) {
+    return {&ZyklusStreichenMit<I>...};
+}
+constexpr std::array<ZyklusFunktion, 32> ZyklusFunktionen = ZyklusTabelle(std::make_index_sequence<32>{});
+
+inline void ZyklusStreichen(uint32_t* seg, int64_t laenge, ZyklusPrimzahl& z) {
+    ZyklusFunktionen[size_t(z.zeile / 32)](seg, laenge, z);
+}
+
+// The word offset of the multiple with residue index c in a cycle of z, from the tables.
+int64_t ZyklusVersatz(const ZyklusPrimzahl& z, uint32_t c) {
+    return int64_t(z.q) * RasterRest[c + 1] + ProduktWort[z.zeile + int32_t(c)];
 }
 
 // A medium prime walks its multiples by the wheel of 30 from segment to segment.
