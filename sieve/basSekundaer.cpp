@@ -443,6 +443,11 @@ bool FensterSiebenMit(uint32_t* raster, uint64_t woerter, U128 start, uint64_t g
         m.pos = ErsterVielfacher(schnellStart, p, m.j);
         rad.push_back(m);
     });
+    // Each residue class strikes through its own compiled cycle: primes of one class in a row
+    // call the same code, which the branch predictor and the instruction cache keep.
+    const auto nachKlasse = [](const ZyklusPrimzahl& a, const ZyklusPrimzahl& b) { return a.zeile < b.zeile; };
+    std::stable_sort(klein.begin(), klein.end(), nachKlasse);
+    std::stable_sort(mittel.begin(), mittel.end(), nachKlasse);
 
     const uint64_t bloecke = (woerter + BlockWoerter - 1) / BlockWoerter;
     const uint64_t grossBis = grenze > radBis ? grenze : 0;
