@@ -73,12 +73,17 @@ DwtTransform::Summen DwtTransform::TragenSkalar() {
             uebertrag[k] = hoch;
         }
     }
+    return KettenSchliessen(uebertrag, f, s, a);
+}
+
+DwtTransform::Summen DwtTransform::KettenSchliessen(const double* uebertrag, const double* fehler,
+                                                    const double* summe, const double* betraege) {
     Summen summen;
-    for (size_t k = 0; k < Ketten; ++k) {
-        Uebertrag(int64_t(uebertrag[k]), k + 1 == Ketten ? 0 : (k + 1) * laenge);
-        summen.fehler = std::max(summen.fehler, f[k]);
-        summen.summe += s[k];
-        summen.betraege += a[k];
+    for (size_t k = 0; k < ketten_; ++k) {
+        Uebertrag(int64_t(uebertrag[k]), k + 1 == ketten_ ? 0 : (k + 1) * laenge_);
+        summen.fehler = std::max(summen.fehler, fehler[k]);
+        summen.summe += summe[k];
+        summen.betraege += betraege[k];
     }
     return summen;
 }
@@ -162,22 +167,15 @@ __attribute__((target("avx2,fma"))) DwtTransform::Summen DwtTransform::TragenVek
             _mm256_storeu_pd(zeile + 3 * laenge, w[3]);
         }
     }
-    Summen summen;
+    // Lane k of register satz is chain 4 satz + k.
+    alignas(32) double u[16], fs[16], ss[16], as[16];
     for (size_t satz = 0; satz < Saetze; ++satz) {
-        alignas(32) double u[4], fs[4], ss[4], as[4];
-        _mm256_store_pd(u, uebertrag[satz]);
-        _mm256_store_pd(fs, f[satz]);
-        _mm256_store_pd(ss, s[satz]);
-        _mm256_store_pd(as, a[satz]);
-        for (size_t k = 0; k < 4; ++k) {
-            const size_t kette = 4 * satz + k;
-            Uebertrag(int64_t(u[k]), kette + 1 == 16 ? 0 : (kette + 1) * laenge);
-            summen.fehler = std::max(summen.fehler, fs[k]);
-            summen.summe += ss[k];
-            summen.betraege += as[k];
-        }
+        _mm256_store_pd(u + 4 * satz, uebertrag[satz]);
+        _mm256_store_pd(fs + 4 * satz, f[satz]);
+        _mm256_store_pd(ss + 4 * satz, s[satz]);
+        _mm256_store_pd(as + 4 * satz, a[satz]);
     }
-    return summen;
+    return KettenSchliessen(u, fs, ss, as);
 }
 
 }  // namespace sw

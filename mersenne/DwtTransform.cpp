@@ -10,9 +10,7 @@ namespace sw {
 
 namespace {
 
-uint64_t Stelle(uint32_t p, size_t n, size_t j) {
-    return (uint64_t(p) * j + n - 1) / n;
-}
+uint64_t Stelle(uint32_t p, size_t n, size_t j) { return (uint64_t(p) * j + n - 1) / n; }
 
 // Sixteen chains fill the four lanes of four AVX2 registers; four keep the scalar pass in
 // registers; lengths not divisible by four are short and take one chain.
@@ -42,11 +40,9 @@ DwtTransform::DwtTransform(uint32_t p, size_t n, bool vektor)
         gross_[platz] = uint8_t(Stelle(p, n, j + 1) - Stelle(p, n, j) - bitsKlein_);
         // a_j = 2^(ceil(p j / n) - p j / n); the exponent as an exact fraction of n.
         const uint64_t zaehler = Stelle(p, n, j) * n - uint64_t(p) * j;
-        const long double a =
-            exp2l(static_cast<long double>(zaehler) / static_cast<long double>(n));
+        const long double a = exp2l(static_cast<long double>(zaehler) / static_cast<long double>(n));
         gewicht_[platz / 4].vor[platz % 4] = static_cast<double>(a);
-        gewicht_[platz / 4].zurueck[platz % 4] =
-            static_cast<double>(1.0L / (a * static_cast<long double>(n)));
+        gewicht_[platz / 4].zurueck[platz % 4] = static_cast<double>(1.0L / (a * static_cast<long double>(n)));
     }
     puffer_ = fftw_alloc_real(n);
     spektrum_ = fftw_alloc_complex(n / 2 + 1);

@@ -16,7 +16,7 @@
 namespace sw {
 
 class DwtTransform {
-  public:
+public:
     // n even, 2 <= n <= p. vektor: the carry pass may use AVX2 where the processor has it;
     // both passes give the same bits, the tests compare them.
     DwtTransform(uint32_t p, size_t n, bool vektor = true);
@@ -48,7 +48,7 @@ class DwtTransform {
     // stay integers, so only the sum check sees it.
     void FaltungStoeren() { faltungStoeren_ = true; }
 
-  private:
+private:
     struct Summen {
         double fehler = 0.0, summe = 0.0, betraege = 0.0;
     };
@@ -57,6 +57,9 @@ class DwtTransform {
     template <size_t Ketten>
     Summen TragenSkalar();
     Summen TragenVektor();
+    // Each chain's last carry into the next chain's first word, and the chains' figures joined.
+    Summen KettenSchliessen(const double* uebertrag, const double* fehler, const double* summe,
+                            const double* betraege);
     void Uebertrag(int64_t uebertrag, size_t ab);
     int64_t Ziffer(size_t j) const;
     void ZifferSetzen(size_t j, int64_t d) { puffer_[j] = double(d) * Vor(Platz(j)); }

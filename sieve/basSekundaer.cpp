@@ -98,10 +98,14 @@ constexpr uint32_t MaskeVon(int64_t rest) {
 // 32 offsets; the empty asm keeps the compiler from folding the walk back into 32 offsets,
 // which it then spilled to the stack and reloaded for every strike.
 constexpr int64_t RestLuecke(size_t c) { return c == 0 ? Reste[0] : Reste[c] - Reste[c - 1]; }
+template <size_t C, typename Ort>
+inline void ZumVielfachen(Ort& o, int64_t q) {
+    o += q * RestLuecke(C);
+    asm("" : "+r"(o));
+}
 template <size_t I, size_t C>
 inline void Schlag(uint32_t*& t, int64_t q) {
-    t += q * RestLuecke(C);
-    asm("" : "+r"(t));
+    ZumVielfachen<C>(t, q);
     t[(Reste[I] * Reste[C]) / 120] |= MaskeVon((Reste[I] * Reste[C]) % 120);
 }
 
@@ -115,8 +119,7 @@ inline void ZyklusVoll(uint32_t* b, int64_t q, std::index_sequence<C...>) {
 // below laenge; c is where the cycle stops (32 if it ends inside).
 template <size_t I, size_t C>
 inline bool SchlagBis(int64_t& o, int64_t q, uint32_t* seg, uint32_t ab, int64_t laenge, uint32_t& c) {
-    o += q * RestLuecke(C);
-    asm("" : "+r"(o));
+    ZumVielfachen<C>(o, q);
     if (C < ab) return true;
     const int64_t w = o + (Reste[I] * Reste[C]) / 120;
     if (w >= laenge) {
