@@ -135,6 +135,9 @@ void frmLucasLehmer::testen(uint32_t p) {
         const LucasBefund b = LucasLauf(a, this);
         fraPrim_[2]->hide();
         if (Abbruch) {
+            // A stopped run has no remaining time; its last estimate would stand there as if
+            // it were still counting.
+            lblRestDauer_->clear();
             lblStatus_->setText(q(TextP1(1404, std::to_string(b.iteration))));
             return;
         }
