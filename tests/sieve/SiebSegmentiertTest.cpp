@@ -4,6 +4,8 @@
 // the same windows sieved from a primary raster up to their root.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "SiebHilfen.h"
@@ -26,6 +28,23 @@ constexpr bool kReleaseBuild = false;
 
 constexpr int64_t Segment = 120 * 8192;      // numbers of one L1 segment of the engine
 constexpr int64_t Block = 120 * 262144;      // numbers of one block, the least part of a thread
+constexpr int64_t SegmentWorte = 8192, StueckWorte = 16384;  // words of a segment, of a piece
+
+// The fewest words w of a raster whose first teil words let their last cycles reach past them:
+// teil words plus the longest cycle, that of the largest sieving prime (at most the root of
+// the limit 120 w - 1), or kappe words where the segment's primes stop.
+int64_t WorteMitUeberhang(int64_t teil, int64_t kappe) {
+    const auto groesstePrimzahlBis = [](int64_t n) {
+        for (;; --n) {
+            bool prim = true;
+            for (int64_t t = 2; t * t <= n && prim; ++t) prim = n % t != 0;
+            if (prim) return n;
+        }
+    };
+    int64_t w = teil;
+    while (teil + std::min(groesstePrimzahlBis(int64_t(std::sqrt(double(120 * w - 1)))), kappe) > w) ++w;
+    return w;
+}
 
 class SiebSegmentiertTest : public SwTest {
 protected:
@@ -64,6 +83,21 @@ TEST_F(SiebSegmentiertTest, KleineGrenzenWieDasOrakel) {
 TEST_F(SiebSegmentiertTest, GrenzenAnSegmentUndBlockkanten) {
     for (int64_t kante : {Segment, Segment + 120, Segment - 120, Block, Block + 120, Block - 120}) {
         for (int64_t d : {-1, 0, 1}) WieProdukt(kante + d, 2);
+    }
+}
+
+// The small primes of a segment and the medium ones of a piece strike their last cycles whole,
+// past its end, where the raster reaches that far; the limits where it just does and just
+// does not, for the first segment and the first piece, and random limits, at which each part
+// of two or three threads ends its last segment and piece somewhere else.
+TEST_F(SiebSegmentiertTest, ZyklenUeberDasEndeHinaus) {
+    for (int64_t worte : {WorteMitUeberhang(SegmentWorte, 4095), WorteMitUeberhang(StueckWorte, 262143)}) {
+        for (int64_t d : {-120, -1, 0, 1}) WieProdukt(120 * worte - 1 + d, 1);
+    }
+    uint64_t x = 0x9E3779B97F4A7C15u;
+    for (int i = 0; i < 4; ++i) {
+        x = x * 6364136223846793005u + 1442695040888963407u;
+        WieProdukt(int64_t(1000000 + (x >> 33) % 90000000), 3);
     }
 }
 
