@@ -1,5 +1,6 @@
 #include "sieve/SiebMuster.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -47,12 +48,20 @@ const std::array<Tabelle, Gruppen.size()>& Tabellen() {
             t[i].woerter.assign(periode + MusterLaengeHoechstens, 0);
             for (uint32_t p : Gruppen[i]) {
                 if (p == 1) continue;
-                // Odd multiples only; those by 3 or 5 have no bit (mask 0).
-                for (uint64_t n = p; n < periode * RasterSpanne; n += 2 * p) {
-                    t[i].woerter[n / RasterSpanne] |= RestMaske[n % RasterSpanne];
+                // One cycle of p words holds the odd multiples of p up to 120p, those by 3 or 5
+                // with no bit (mask 0); the table or-s it in again and again, a loop the
+                // compiler vectorises. Every run builds the tables at its start, and striking
+                // each multiple over the whole period took seven times as long.
+                std::vector<uint32_t> zyklus(p, 0);
+                for (uint64_t n = p; n < uint64_t(p) * RasterSpanne; n += 2 * p) zyklus[n / RasterSpanne] |= RestMaske[n % RasterSpanne];
+                uint32_t* w = t[i].woerter.data();
+                for (size_t rest = t[i].woerter.size(); rest;) {
+                    const size_t n = std::min<size_t>(p, rest);
+                    for (size_t k = 0; k < n; ++k) w[k] |= zyklus[k];
+                    w += n;
+                    rest -= n;
                 }
             }
-            for (uint64_t w = 0; w < MusterLaengeHoechstens; ++w) t[i].woerter[periode + w] = t[i].woerter[w % periode];
         }
         return t;
     }();
