@@ -99,11 +99,8 @@ bool PrimaerLauf(const Decimal& grenze, int32_t methode) {
     if (!GrenzeSetzen(grenze) || !MethodeZulaessig(methode)) return false;
     // The segmented build strikes 7 and 11 itself (most words by copying a pattern over them)
     // and the bit of 1: a pre-sieve pass would be one more trip over the whole raster, in one
-    // thread, whose words are then overwritten. It strikes within a piece of 64 KB and a
-    // block of 1 MB, which 4 KB pages serve as well, and huge pages cost it more where they
-    // are found: a virtual machine backs each one afresh (measured to 1e10, 0.3 to 1.3 s of
-    // system time against 0.18 s with small pages).
-    const bool angelegt = methode == MethodeSegmentiert ? RasterAnlegen(false) : RasterVorsieben();
+    // thread, whose words are then overwritten.
+    const bool angelegt = methode == MethodeSegmentiert ? RasterAnlegen() : RasterVorsieben();
     if (!angelegt) {
         // The old raster is gone and the new one could not be had.
         LaufVerworfen();

@@ -37,7 +37,7 @@ constexpr ptrdiff_t kWorteJeZeile = 64 / sizeof(uint32_t);
 
 }  // namespace
 
-void RasterNeuAnlegen(size_t worte, bool grosseSeiten) {
+void RasterNeuAnlegen(size_t worte) {
     // The old raster goes first, so that old and new never stand in memory side by side.
     std::vector<uint32_t>().swap(PrimaerRaster);
     if (!passtInsSpeicher(worte * sizeof(uint32_t))) throw std::bad_alloc();
@@ -47,10 +47,6 @@ void RasterNeuAnlegen(size_t worte, bool grosseSeiten) {
     // The sieves strike all over the raster; with 4 KB pages nearly every strike of a large
     // prime would also miss the address translation cache. Huge pages are asked for before
     // the zeros touch the memory, since only then can the kernel hand them out.
-    if (!grosseSeiten) {
-        PrimaerRaster.assign(worte, 0);
-        return;
-    }
     const uintptr_t anfang = reinterpret_cast<uintptr_t>(PrimaerRaster.data());
     const uintptr_t seite = uintptr_t(2) << 20;
     const uintptr_t von = (anfang + seite - 1) & ~(seite - 1);
@@ -65,9 +61,9 @@ void RasterAufEinWort() {
     RasterLetzterIndex = 0;
 }
 
-bool RasterAnlegen(bool grosseSeiten) {
+bool RasterAnlegen() {
     try {
-        RasterNeuAnlegen(size_t(RasterLetzterIndex) + 1, grosseSeiten);
+        RasterNeuAnlegen(size_t(RasterLetzterIndex) + 1);
     } catch (const std::bad_alloc&) {
         RasterAufEinWort();
         MsgSpeicher(Laufzeitfehler(FehlerKeinSpeicher));

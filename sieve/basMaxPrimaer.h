@@ -8,14 +8,13 @@
 namespace sw {
 
 // Gives up the old raster, then allocates PrimaerRaster with worte zero words, on huge pages
-// where the system has them and grosseSeiten asks for them. Throws std::bad_alloc (also for
-// more than the machine's memory).
-void RasterNeuAnlegen(size_t worte, bool grosseSeiten = true);
+// where the system has them. Throws std::bad_alloc (also for more than the machine's memory).
+void RasterNeuAnlegen(size_t worte);
 // After a failed allocation or load: a raster of one zero word, and an index that says so,
 // so that no reader looks beyond it.
 void RasterAufEinWort();
 // Reallocates PrimaerRaster to 0..RasterLetzterIndex, zeroed; "SW - Speicher" and false on failure.
-bool RasterAnlegen(bool grosseSeiten = true);
+bool RasterAnlegen();
 // RasterAnlegen, then the multiples of 7 and 11 and the bit of 1.
 bool RasterVorsieben();
 // The same for a step inside a run, whose caller reports the failure: throws std::bad_alloc,
