@@ -34,12 +34,10 @@ constexpr int64_t SegmentWorte = 8192, StueckWorte = 16384;  // words of a segme
 // teil words plus the longest cycle, that of the largest sieving prime (at most the root of
 // the limit 120 w - 1), or kappe words where the segment's primes stop.
 int64_t WorteMitUeberhang(int64_t teil, int64_t kappe) {
-    const auto groesstePrimzahlBis = [](int64_t n) {
-        for (;; --n) {
-            bool prim = true;
-            for (int64_t t = 2; t * t <= n && prim; ++t) prim = n % t != 0;
-            if (prim) return n;
-        }
+    const std::vector<bool> prim = Eratosthenes(uint64_t(std::sqrt(120.0 * double(teil + kappe))) + 1);
+    const auto groesstePrimzahlBis = [&](int64_t n) {
+        while (!prim[size_t(n)]) --n;
+        return n;
     };
     int64_t w = teil;
     while (teil + std::min(groesstePrimzahlBis(int64_t(std::sqrt(double(120 * w - 1)))), kappe) > w) ++w;
